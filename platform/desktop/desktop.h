@@ -1,0 +1,29 @@
+#pragma once
+// Desktop shell operations: known folders, opening a folder in the file manager,
+// a message box, and the facts about protected install folders and elevation.
+// Each returns failure where the platform has no such thing; callers log it.
+#include <filesystem>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace orv::desktop {
+
+enum class KnownFolder { RoamingAppData, LocalAppData };
+
+// Empty optional when the folder cannot be found.
+std::optional<std::filesystem::path> knownFolder(KnownFolder folder);
+
+// Opens a folder in the file manager; true when the shell accepted it.
+bool openFolder(const std::filesystem::path& folder);
+
+// Shows a modal message box; false when there is no desktop to show it on.
+bool messageBox(std::string_view text, std::string_view title);
+
+// The folders that ordinary users cannot write to (Program Files on Windows).
+std::vector<std::filesystem::path> protectedFolders();
+
+// The process runs with administrator rights.
+bool processElevated();
+
+}  // namespace orv::desktop

@@ -1,0 +1,27 @@
+#pragma once
+// parameters.xml in the user folder: reading all values, saving one at once after each change,
+// and writing the whole file anew. Every save replaces the file in one rename.
+#include <cstdint>
+#include <string>
+
+#include "foundation/parameter.h"
+
+namespace orv {
+
+// Reads the file and fills every value; true when the file was missing or unusable and a
+// new one with the defaults has been written.
+bool gf_readParameters();
+// Writes the whole file from the six lists; with useDefaults every value is its default.
+void gf_writeParameters(bool useDefaults);
+
+void saveBool(const ValueParameter<bool>& parameter);
+void saveInt(const ValueParameter<std::int32_t>& parameter);
+void saveString(const ValueParameter<std::string>& parameter);
+
+// Sets RANGE with its derived values (radius in nm as double, in metres as int).
+void gf_setRange(std::int32_t nm);
+// MAX_FIT_FL in hours and its stored form MAX_FIT (half hours minus 1).
+void gf_setMaxFitHours(float hours);
+void gf_maxFitFromStored();
+
+}  // namespace orv
