@@ -26,4 +26,7 @@ std::vector<std::filesystem::path> protectedFolders();
 // The process runs with administrator rights.
 bool processElevated();
 
+// The program's own file; empty when the platform cannot tell.
+std::filesystem::path executablePath();
+
 }  // namespace orv::desktop

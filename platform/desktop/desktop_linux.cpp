@@ -54,4 +54,10 @@ std::vector<std::filesystem::path> protectedFolders() { return {}; }
 
 bool processElevated() { return geteuid() == 0; }
 
+std::filesystem::path executablePath() {
+  std::error_code ec;
+  auto p = std::filesystem::read_symlink("/proc/self/exe", ec);
+  return ec ? std::filesystem::path() : p;
+}
+
 }  // namespace orv::desktop

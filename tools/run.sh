@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Installs what the build needs, builds Orvane and runs it on its built-in default:
+# headless, in the prepared working folder build/, for a few seconds.
+# Further arguments go to the program (try --seconds 10).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+tools/setup.sh
+cmake -S . -B build -G Ninja -DORV_WERROR=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+cmake --build build --target orvane
+exec build/orvane "$@"
