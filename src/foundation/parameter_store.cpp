@@ -14,6 +14,7 @@
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
 #include "foundation/user_paths.h"
+#include "foundation/xml_file.h"
 #include "platform/window/window_layer.h"
 
 namespace fs = std::filesystem;
@@ -94,7 +95,7 @@ void saveOne(const ValueParameter<T>& parameter) {
   pugi::xml_document doc;
   bool hadRoot = true;
   pugi::xml_node params;
-  if (doc.load_file(file.c_str())) {
+  if (gf_loadXmlFile(doc, file)) {
     pugi::xml_node root = doc.child("root");
     hadRoot = static_cast<bool>(root);
     pugi::xml_node holder = hadRoot ? root : pugi::xml_node(doc);
@@ -137,7 +138,7 @@ bool gf_readParameters() {
   std::lock_guard lock(fileMutex());
   const fs::path file = gf_parametersPath();
   pugi::xml_document doc;
-  const pugi::xml_parse_result loaded = doc.load_file(file.c_str());
+  const pugi::xml_parse_result loaded = gf_loadXmlFile(doc, file);
   pugi::xml_node params = loaded ? parametersNode(doc) : pugi::xml_node();
   if (!params) {
     std::error_code ec;
