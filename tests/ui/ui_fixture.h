@@ -1,0 +1,54 @@
+#pragma once
+// Every UI test starts from defaults: parameters, window state, an empty headless window,
+// and an AppData folder of its own.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "foundation/parameters.h"
+#include "foundation/user_paths.h"
+#include "platform/window/headless_window.h"
+#include "test_support.h"
+#include "ui/window_state.h"
+
+namespace orv::test {
+
+inline void resetParametersToDefaults() {
+  for (auto* p : gf_boolList()) p->set(p->defaultValue);
+  for (auto* p : gf_checkboxList()) p->set(p->defaultValue);
+  for (auto* p : gf_intList()) p->set(p->defaultValue);
+  for (auto* p : gf_comboList()) p->set(p->defaultValue);
+  for (auto* p : gf_stringList()) p->set(p->defaultValue);
+  for (auto* p : gf_editList()) p->set(p->defaultValue);
+  parking_percentage.set(parking_percentage.defaultValue);
+  MAX_FIT_FL.set(MAX_FIT_FL.defaultValue);
+  ALL_INSTALL_PATH.set(ALL_INSTALL_PATH.defaultValue);
+  CALLSIGN_2_OBJECTID.set(CALLSIGN_2_OBJECTID.defaultValue);
+}
+
+inline void resetWindowState() {
+  lf_resetStatusBand();
+  lf_clearParkAirportBand();
+  gWindowState.minutesToUpdate.store(20);
+  gWindowState.parkingPossible.store(false);
+  gWindowState.tbloRequest.store(false);
+  gWindowState.objectIdText.store({});
+  gv_staticUpdateRunning.store(false);
+}
+
+class UiTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    resetParametersToDefaults();
+    resetWindowState();
+    std::filesystem::create_directories(gf_userFolder());
+    // Installed last, so that the resets above leave no invalidations behind.
+    gf_setWindow(&window);
+  }
+  void TearDown() override { gf_setWindow(nullptr); }
+
+  AppDataOverride appData;
+  HeadlessWindow window;
+};
+
+}  // namespace orv::test

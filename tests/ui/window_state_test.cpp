@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <string>
+#include <thread>
+
+#include "ui/window_state.h"
+#include "ui_fixture.h"
+
+namespace orv {
+namespace {
+
+using test::UiTest;
+
+TEST_F(UiTest, EachValueInvalidatesItsOwnBandOnlyWhenItChanges) {
+  WindowState& s = gWindowState;
+  EXPECT_TRUE(s.liveCount.show(3));
+  EXPECT_FALSE(s.liveCount.show(3));
+  EXPECT_TRUE(s.simConnected.store(true));  // a store alone never invalidates
+  EXPECT_TRUE(s.titleText.show("Airbus A320neo"));
+  EXPECT_FALSE(s.titleText.show("Airbus A320neo"));
+  EXPECT_TRUE(s.minutesToUpdate.show(19));
+  EXPECT_FALSE(s.fitStatic.show(-1.0f));  // unset is the starting value
+  EXPECT_TRUE(s.fitStatic.show(2.5f));
+  EXPECT_EQ(window.invalidations(Band::Status), 2u);
+  EXPECT_EQ(window.invalidations(Band::Controls), 1u);
+  EXPECT_EQ(window.invalidations(Band::ParkAirport), 1u);
+  EXPECT_EQ(window.invalidations(Band::Message), 0u);
+
+  // The per-second counts: each band at most once, and only on a change.
+  lf_showAircraftCounts(3, 0, 0);
+  EXPECT_EQ(window.invalidations(Band::Status), 2u);
+  EXPECT_EQ(window.invalidations(Band::ParkAirport), 1u);
+  lf_showAircraftCounts(3, 2, 40);
+  EXPECT_EQ(window.invalidations(Band::Status), 2u);
+  EXPECT_EQ(window.invalidations(Band::ParkAirport), 2u);
+  // The first park count changes alone: the second must still be written.
+  lf_showAircraftCounts(4, 3, 38);
+  EXPECT_EQ(window.invalidations(Band::Status), 3u);
+  EXPECT_EQ(window.invalidations(Band::ParkAirport), 3u);
+  EXPECT_EQ(s.staticCount.load(), 38u);
+
+  // A reset invalidates once, and a second one not at all.
+  s.rtWaiting.store(false);
+  s.trafficStatus.store(kFeedFlowing);
+  lf_resetStatusBand();
+  lf_resetStatusBand();
+  EXPECT_EQ(window.invalidations(Band::Status), 4u);
+  EXPECT_TRUE(s.rtWaiting.load());
+  EXPECT_EQ(s.trafficStatus.load(), kFeedStopped);
+  EXPECT_EQ(s.liveCount.load(), 0u);
+}
+
+TEST_F(UiTest, APainterNeverReadsATextHalfWritten) {
+  const std::string a(4096, 'a');
+  const std::string b(4096, 'b');
+  std::atomic<bool> done{false};
+  std::thread writer([&] {
+    for (int i = 0; i < 2000; ++i) gWindowState.simName.store(i % 2 ? a : b);
+    done = true;
+  });
+  int torn = 0;
+  while (!done) {
+    const std::string seen = gWindowState.simName.load();
+    if (!seen.empty() && seen != a && seen != b) ++torn;
+  }
+  writer.join();
+  EXPECT_EQ(torn, 0);
+}
+
+}  // namespace
+}  // namespace orv
