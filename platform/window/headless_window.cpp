@@ -5,12 +5,12 @@
 
 namespace orv {
 
-bool HeadlessWindow::createControl(const ControlSpec& spec) {
+bool HeadlessWindow::createControl(const ControlSpec& placement) {
   std::lock_guard lock(mutex_);
   HeadlessControl c;
-  c.spec = spec;
-  c.enabled = spec.enabled;
-  return controls_.insert_or_assign(spec.id, std::move(c)).second;
+  c.placement = placement;
+  c.enabled = placement.enabled;
+  return controls_.insert_or_assign(placement.id, std::move(c)).second;
 }
 
 bool HeadlessWindow::setEnabled(std::uint16_t id, bool enabled) {
@@ -39,7 +39,7 @@ std::optional<std::string> HeadlessWindow::text(std::uint16_t id) const {
 bool HeadlessWindow::setChecked(std::uint16_t id, bool checked) {
   std::lock_guard lock(mutex_);
   auto it = controls_.find(id);
-  if (it == controls_.end() || it->second.spec.kind != ControlKind::Check) return false;
+  if (it == controls_.end() || it->second.placement.kind != ControlKind::Check) return false;
   it->second.checked = checked;
   return true;
 }
@@ -47,7 +47,7 @@ bool HeadlessWindow::setChecked(std::uint16_t id, bool checked) {
 bool HeadlessWindow::fillCombo(std::uint16_t id, const std::vector<std::string>& entries) {
   std::lock_guard lock(mutex_);
   auto it = controls_.find(id);
-  if (it == controls_.end() || it->second.spec.kind != ControlKind::Combo) return false;
+  if (it == controls_.end() || it->second.placement.kind != ControlKind::Combo) return false;
   it->second.entries = entries;
   it->second.selected = -1;
   it->second.text.clear();
@@ -57,7 +57,7 @@ bool HeadlessWindow::fillCombo(std::uint16_t id, const std::vector<std::string>&
 bool HeadlessWindow::selectComboEntry(std::uint16_t id, int index) {
   std::lock_guard lock(mutex_);
   auto it = controls_.find(id);
-  if (it == controls_.end() || it->second.spec.kind != ControlKind::Combo) return false;
+  if (it == controls_.end() || it->second.placement.kind != ControlKind::Combo) return false;
   auto& c = it->second;
   if (index < 0 || index >= static_cast<int>(c.entries.size())) return false;
   c.selected = index;

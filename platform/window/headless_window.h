@@ -12,7 +12,7 @@
 namespace orv {
 
 struct HeadlessControl {
-  ControlSpec spec;
+  ControlSpec placement;
   bool enabled = true;
   bool checked = false;
   std::string text;
@@ -22,7 +22,7 @@ struct HeadlessControl {
 
 class HeadlessWindow final : public WindowLayer {
  public:
-  bool createControl(const ControlSpec& spec) override;
+  bool createControl(const ControlSpec& placement) override;
   bool setEnabled(std::uint16_t id, bool enabled) override;
   bool setText(std::uint16_t id, std::string_view utf8) override;
   std::optional<std::string> text(std::uint16_t id) const override;

@@ -47,7 +47,7 @@ class WindowLayer {
  public:
   virtual ~WindowLayer() = default;
 
-  virtual bool createControl(const ControlSpec& spec) = 0;
+  virtual bool createControl(const ControlSpec& placement) = 0;
   virtual bool setEnabled(std::uint16_t id, bool enabled) = 0;
   virtual bool setText(std::uint16_t id, std::string_view utf8) = 0;
   // Empty optional when no such control exists.

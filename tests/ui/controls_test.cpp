@@ -24,7 +24,7 @@ class ControlsTest : public test::UiTest {
     }
   }
   void expectGeometry(const Control& c, ControlKind kind, int x, int y, int width, int height) const {
-    const ControlSpec s = get(c).spec;
+    const ControlSpec s = get(c).placement;
     EXPECT_EQ(s.kind, kind) << c.controlId;
     EXPECT_EQ((std::array{s.x, s.y, s.width, s.height}), (std::array{x, y, width, height})) << c.controlId;
   }
