@@ -102,6 +102,9 @@ void saveOne(const ValueParameter<T>& parameter) {
     params = holder.child("parameters");
     if (!params) params = holder.append_child("parameters");
   } else {
+    // A damaged file is kept as a generation before this one parameter replaces it.
+    std::error_code ec;
+    if (fs::exists(file, ec)) gf_save1GenerationOf(file);
     doc.reset();
     params = doc.append_child("root").append_child("parameters");
   }

@@ -137,9 +137,10 @@ TEST_F(ParameterStore, SavingOneParameterChangesOnlyIt) {
   }
   EXPECT_EQ(weeks, 2);
 
-  // A file that does not load is started anew with this one parameter.
+  // A file that does not load is kept as a generation and started anew with this one parameter.
   writeFile(file(), "not xml");
   saveString(DESTINATION);
+  EXPECT_EQ(readFile(file().parent_path() / "parameters0.xml"), "not xml");
   EXPECT_EQ(readFile(file()),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<root>\n  <parameters>\n"
             "    <parameter name=\"DESTINATION\" value=\"\" />\n  </parameters>\n</root>\n");
