@@ -69,11 +69,6 @@ void showValuesOnControls() {
   for (auto* p : gf_editList()) w.setText(p->controlId, p->value);
 }
 
-pugi::xml_node parametersNode(pugi::xml_document& doc) {
-  if (auto root = doc.child("root")) return root.child("parameters");
-  return doc.child("parameters");
-}
-
 bool saveDocument(pugi::xml_document& doc, const fs::path& file) {
   pugi::xml_node decl = doc.first_child();
   if (decl.type() != pugi::node_declaration) decl = doc.prepend_child(pugi::node_declaration);
@@ -137,12 +132,17 @@ void saveOne(const ValueParameter<T>& parameter) {
 
 }  // namespace
 
+pugi::xml_node gf_parametersNode(const pugi::xml_document& doc) {
+  if (auto root = doc.child("root")) return root.child("parameters");
+  return doc.child("parameters");
+}
+
 bool gf_readParameters() {
   std::lock_guard lock(fileMutex());
   const fs::path file = gf_parametersPath();
   pugi::xml_document doc;
   const pugi::xml_parse_result loaded = gf_loadXmlFile(doc, file);
-  pugi::xml_node params = loaded ? parametersNode(doc) : pugi::xml_node();
+  pugi::xml_node params = loaded ? gf_parametersNode(doc) : pugi::xml_node();
   if (!params) {
     std::error_code ec;
     // A file that is there but unusable is kept as a generation before it is replaced.

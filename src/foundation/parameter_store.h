@@ -4,9 +4,14 @@
 #include <cstdint>
 #include <string>
 
+#include <pugixml.hpp>
+
 #include "foundation/parameter.h"
 
 namespace orv {
+
+// The `parameters` element of a loaded file: under `root`, or at document level in older files.
+pugi::xml_node gf_parametersNode(const pugi::xml_document& doc);
 
 // Reads the file and fills every value; true when the file was missing or unusable and a
 // new one with the defaults has been written.

@@ -46,9 +46,7 @@ void lf_readWindowPosition() {
     return;
   }
 
-  // Older files hold the parameters at document level, without root.
-  const pugi::xml_node root = doc.child("root");
-  const pugi::xml_node parameters = (root ? root : pugi::xml_node(doc)).child("parameters");
+  const pugi::xml_node parameters = gf_parametersNode(doc);
   readInt(parameters, MAIN_WINDOW_X);
   readInt(parameters, MAIN_WINDOW_Y);
   lf_keepOnScreen(MAIN_WINDOW_X.defaultValue, MAIN_WINDOW_Y.defaultValue);
