@@ -1,0 +1,21 @@
+#pragma once
+// The airline and model code tables: growing tables of code texts with a hash index.
+// Index 0 is the empty text and means "none"; looking up a new text adds it, so a lookup
+// never fails. Thread-safe: the Traffic Reader adds model codes while the run thread reads.
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace orv {
+
+uint16_t airlineIndex(std::string_view code);
+uint16_t modelIndex(std::string_view code);
+// The text of an index; empty for an index beyond the table.
+std::string airlineCode(uint16_t index);
+std::string modelCode(uint16_t index);
+size_t airlineCount();
+size_t modelCount();
+// Back to only the empty text, for a new process state (tests, reading the dbase again).
+void gf_resetCodeTables();
+
+}  // namespace orv
