@@ -1,9 +1,13 @@
 #include "refdata/code_tables.h"
 
+#include <atomic>
 #include <deque>
 #include <mutex>
+#include <optional>
 #include <shared_mutex>
 #include <unordered_map>
+
+#include "refdata/valid_codes.h"
 
 namespace orv {
 namespace {
@@ -13,11 +17,13 @@ struct CodeTable {
   std::deque<std::string> texts{std::string()};  // deque: views of the map stay valid on growth
   std::unordered_map<std::string_view, uint16_t> index{{std::string_view(), 0}};
 
+  std::optional<uint16_t> find(std::string_view code) const {
+    std::shared_lock lock(mutex);
+    if (auto it = index.find(code); it != index.end()) return it->second;
+    return std::nullopt;
+  }
   uint16_t lookup(std::string_view code) {
-    {
-      std::shared_lock lock(mutex);
-      if (auto it = index.find(code); it != index.end()) return it->second;
-    }
+    if (auto found = find(code)) return *found;
     std::unique_lock lock(mutex);
     if (auto it = index.find(code); it != index.end()) return it->second;
     auto next = static_cast<uint16_t>(texts.size());
@@ -49,16 +55,29 @@ CodeTable& models() {
   static CodeTable t;
   return t;
 }
+std::atomic<bool> fixLookupOn{false};
 
 }  // namespace
 
 uint16_t airlineIndex(std::string_view code) { return airlines().lookup(code); }
-uint16_t modelIndex(std::string_view code) { return models().lookup(code); }
+
+uint16_t modelIndex(std::string_view code) {
+  CodeTable& table = models();
+  if (auto found = table.find(code)) return *found;
+  if (fixLookupOn.load(std::memory_order_relaxed)) {
+    if (auto right = modelFix(code))
+      if (auto found = table.find(*right)) return *found;
+  }
+  return table.lookup(code);
+}
+
 std::string airlineCode(uint16_t index) { return airlines().text(index); }
 std::string modelCode(uint16_t index) { return models().text(index); }
 size_t airlineCount() { return airlines().size(); }
 size_t modelCount() { return models().size(); }
+void gf_setModelFixLookup(bool on) { fixLookupOn.store(on, std::memory_order_relaxed); }
 void gf_resetCodeTables() {
+  gf_setModelFixLookup(false);
   airlines().reset();
   models().reset();
 }

@@ -1,0 +1,87 @@
+// check_data WORKFOLDER: reads input/dbase.enc, input/airports.enc and input/ICAO_airports.txt of a
+// working folder the way the program does, prints the reader's log and the counts, and fails
+// when the data is smaller than the program needs.
+#include <pugixml.hpp>
+
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+
+#include "foundation/log.h"
+#include "refdata/data_file_crypto.h"
+#include "refdata/dbase_reader.h"
+#include "refdata/registrations.h"
+#include "refdata/valid_codes.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kMinRegistrations = 10000;
+constexpr std::size_t kMinModels = 500;
+constexpr std::size_t kMinAirlines = 1000;
+constexpr std::size_t kMinAirports = 1000;
+
+std::size_t countAirports(const fs::path& input) {
+  const fs::path plain = fs::temp_directory_path() / "orvane-check-airports.xml";
+  if (!orv::decryptDataFile(input / "airports.enc", plain)) return 0;
+  pugi::xml_document doc;
+  const bool loaded = doc.load_file(plain.c_str());
+  orv::removeDataFile(plain);
+  if (!loaded) return 0;
+  const pugi::xml_node airports = doc.child("root").child("airports");
+  return static_cast<std::size_t>(std::distance(airports.children("ap").begin(), airports.children("ap").end()));
+}
+
+std::size_t countIcaoCodes(const fs::path& file) {
+  std::ifstream in(file);
+  std::size_t count = 0;
+  for (std::string line; std::getline(in, line);) {
+    std::stringstream fields(line);
+    for (std::string field; std::getline(fields, field, ',');)
+      if (field.size() == 4) ++count;
+  }
+  return count;
+}
+
+std::string readAll(const fs::path& file) {
+  std::ifstream in(file);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: %s WORKFOLDER\n", argv[0]);
+    return 2;
+  }
+  const fs::path input = fs::path(argv[1]) / "input";
+  const fs::path logFolder = fs::temp_directory_path() / "orvane-check-data";
+  fs::create_directories(logFolder);
+  orv::gf_openLog(logFolder / "Log.txt");
+  bool read = false;
+  try {
+    read = orv::gf_readDbaseFile(input / "dbase.enc");
+  } catch (const std::exception& e) {
+    orv::gf_logError(e.what());
+  }
+  orv::gf_closeLog();
+  std::printf("%s", readAll(logFolder / "Log.txt").c_str());
+  fs::remove_all(logFolder);
+
+  const std::size_t airports = countAirports(input);
+  const std::size_t icaoCodes = countIcaoCodes(input / "ICAO_airports.txt");
+  std::printf("check_data: %zu registrations, %zu model codes, %zu airline codes, %zu catalogue airports, "
+              "%zu ICAO codes\n",
+              orv::dbaseRecords.size(), orv::validModels.size(), orv::validAirlines.size(), airports, icaoCodes);
+  const bool enough = read && orv::dbaseRecords.size() >= kMinRegistrations && orv::validModels.size() >= kMinModels &&
+                      orv::validAirlines.size() >= kMinAirlines && orv::isValidAirline("ZZZ") &&
+                      orv::isValidAirline("PVT") && airports >= kMinAirports && icaoCodes >= airports;
+  if (!enough) std::fprintf(stderr, "check_data: the reference data is incomplete\n");
+  return enough ? 0 : 1;
+}
