@@ -29,4 +29,26 @@ bool processElevated();
 // The program's own file; empty when the platform cannot tell.
 std::filesystem::path executablePath();
 
+// A fine timer resolution (1 ms) for the engine's 10 ms loop while it runs; Linux timers are
+// fine already, Windows needs to be asked.
+void beginTimerResolution();
+void endTimerResolution();
+
+// One program per user: holds the lock named `name` in `folder` for its lifetime, unless
+// another holder has it (a named mutex on Windows, an advisory file lock here).
+class SingleInstance {
+ public:
+  SingleInstance(const std::filesystem::path& folder, std::string_view name);
+  ~SingleInstance();
+  SingleInstance(const SingleInstance&) = delete;
+  SingleInstance& operator=(const SingleInstance&) = delete;
+  // False only when another holder has the lock; a lock that can't be made at all
+  // doesn't keep the program from running.
+  bool held() const { return held_; }
+
+ private:
+  int handle_ = -1;
+  bool held_ = true;
+};
+
 }  // namespace orv::desktop

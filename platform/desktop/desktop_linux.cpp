@@ -1,3 +1,6 @@
+#include <fcntl.h>
+#include <cerrno>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -58,6 +61,28 @@ std::filesystem::path executablePath() {
   std::error_code ec;
   auto p = std::filesystem::read_symlink("/proc/self/exe", ec);
   return ec ? std::filesystem::path() : p;
+}
+
+void beginTimerResolution() {}
+void endTimerResolution() {}
+
+SingleInstance::SingleInstance(const std::filesystem::path& folder, std::string_view name) {
+  std::error_code ec;
+  std::filesystem::create_directories(folder, ec);
+  const std::filesystem::path file = folder / (std::string(name) + ".lock");
+  const int fd = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  if (fd < 0) return;
+  // flock belongs to the open file: a second holder fails even within this process.
+  if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
+    held_ = errno != EWOULDBLOCK;
+    ::close(fd);
+    return;
+  }
+  handle_ = fd;
+}
+
+SingleInstance::~SingleInstance() {
+  if (handle_ >= 0) ::close(handle_);
 }
 
 }  // namespace orv::desktop

@@ -10,6 +10,8 @@
 namespace orv {
 
 // Private messages posted to the main thread.
+// The window's close button (the value of Win32's WM_CLOSE).
+inline constexpr std::uint32_t WM_CLOSE = 0x0010;
 inline constexpr std::uint32_t WM_START_RUN = 0x8001;
 inline constexpr std::uint32_t WM_END_PROGRAM = 0x8002;
 inline constexpr std::uint32_t WM_PAINT_MESSAGE = 0x8060;

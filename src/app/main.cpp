@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/headless_run.h"
+#include "app/process_entry.h"
 #include "app/working_folder.h"
 
 int main(int argc, char** argv) {

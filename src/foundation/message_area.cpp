@@ -63,3 +63,12 @@ MessageAreaText gf_messageArea() {
 }
 
 }  // namespace orv
+
+namespace orv {
+
+void gf_clearErrorText() {
+  std::lock_guard lock(gMessageMutex);
+  gArea.errorText.clear();
+}
+
+}  // namespace orv

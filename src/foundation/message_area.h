@@ -15,6 +15,8 @@ void clearMessage();
 // Shows an error; it replaces any message and any earlier error.
 void setError(std::string_view text);
 
+// Clears the error without a repaint: the next message or paint shows the area without it.
+void gf_clearErrorText();
 // Once a second: counts the second and clears a message that has stood long enough.
 void gf_ageMessage();
 // At the reset of a run: no error, no message, the second counter back to 0.

@@ -9,12 +9,10 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/run_state.h"
 #include "platform/window/window_layer.h"
 
 namespace orv {
-
-// An update of static parking is in progress; the parking controls are blocked meanwhile.
-inline std::atomic<bool> gv_staticUpdateRunning{false};
 
 template <class T, Band B>
 class ShownValue {

@@ -1,0 +1,140 @@
+#include "app/closing_down.h"
+
+#include <fmt/format.h>
+
+#include <mutex>
+#include <string>
+#include <thread>
+
+#include "app/pending_stages.h"
+#include "app/run_stage.h"
+#include "engine/engine_tables.h"
+#include "feed/traffic_decoder.h"
+#include "foundation/log.h"
+#include "foundation/message_area.h"
+#include "foundation/parameter_store.h"
+#include "foundation/parameters.h"
+#include "foundation/program_info.h"
+#include "foundation/run_flags.h"
+#include "foundation/run_state.h"
+#include "foundation/time_text.h"
+#include "platform/window/window_layer.h"
+#include "simlink/user_aircraft.h"
+#include "ui/window_state.h"
+
+namespace orv {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+bool lf_restartsAfter(ExitReason r) {
+  return r == ExitReason::NewSettings || r == ExitReason::SimConnectError || r == ExitReason::ReaderError;
+}
+
+}  // namespace
+
+void lf_restartCountdown() {
+  const int n = gv_restartSeconds.load();
+  if (n < 1) return;
+  gf_log("Restarting after {} seconds", n);
+  gf_log(std::string(48, '-'));
+  for (int i = n; i >= 1; --i) {
+    setMessage(fmt::format("Restarting after {} second{}", i, i == 1 ? "" : "s"));
+    std::this_thread::sleep_for(1s);
+  }
+  gf_log("Restart countdown finished");
+}
+
+void lf_resetRunState() {
+  gTrafficDecoder.qnh = 1013;
+  gv_feedTimestamp = 0;
+  {
+    std::lock_guard lock(gTrafficMutex);
+    gv_feedEnabled = false;
+  }
+  gv_simRunning = false;
+  gv_simRequestFailed = false;
+  gf_clearEngineTables();
+  {
+    std::lock_guard lock(gSimMutex);
+    gUserData = UserBlock{};
+  }
+  gUserSnapshot = UserBlock{};
+  gv_userAircraftKnown = false;
+  gv_userOnGround = false;
+  lf_resetStatusBand();
+  gv_stopRun = false;
+  gv_userClosing = false;
+  gv_secondTick = false;
+  gv_seconds = 0;
+  gv_flightNotRunning = false;
+  gv_exitReason = ExitReason::NotYetSet;
+  gv_restartSeconds = 0;
+  gv_staticUpdatePending = false;
+  gv_staticUpdateRunning = false;
+  for (auto* request : {&gv_reqFlushStatic, &gv_reqReread, &gv_reqCallsignToOid, &gv_reqBlockCallsign,
+                        &gv_reqShowObjectId, &gv_reqRematch})
+    *request = false;
+  gv_tick = 0;
+  gv_runStage = RunStage::NotStarted;
+}
+
+void lf_closingDown() {
+  try {
+    gv_runStage = RunStage::Closing;
+    const ExitReason reason = gv_exitReason.load();
+    gf_log("Exiting: {}", gf_exitReasonText(reason));
+    {
+      std::lock_guard lock(gTrafficMutex);
+      gv_feedEnabled = false;
+    }
+    lf_stopSimClient();
+    lf_stopReaders();
+    std::this_thread::sleep_for(500ms);
+    lf_closeRt();
+    if (reason == ExitReason::SystemError) {
+      // The error stays readable on the window for as long as the user wants.
+      while (!gv_userClosing.load()) std::this_thread::sleep_for(500ms);
+      setMessage(fmt::format("User closed {}", kProgramName), true);
+    }
+    lf_clearParkAirport();
+    lf_clearLiveryCache();
+    gf_removeFlightPlanFolder();
+    DESTINATION.set("");
+    saveString(DESTINATION);
+    BLOCK_CALLSIGN.set("");
+    saveString(BLOCK_CALLSIGN);
+    gWindowState.tbloRequest.show(false);
+    gGhostList.clear();
+    gf_writeMatchingSummary();
+    lf_writeNoMatchList();
+    if (lf_restartsAfter(reason)) {
+      gv_restarting = true;
+      gf_clearErrorText();
+      clearMessage();
+      setMessage("Prepare for a restart ...", true);
+      if (reason != ExitReason::NewSettings) {
+        // A restart after an error does not repeat a scan that the user had asked for.
+        SCAN_LIVERIES.set(false);
+        saveBool(SCAN_LIVERIES);
+        SCAN_AIRPORTS.set(false);
+        saveBool(SCAN_AIRPORTS);
+      }
+      lf_restartCountdown();
+      lf_resetRunState();
+    } else {
+      gv_restarting = false;
+      if (reason == ExitReason::NewFlight) {
+        setMessage(fmt::format("New flight detected, {} will close, please restart manually ...", kProgramName), true);
+        std::this_thread::sleep_for(10s);
+      }
+    }
+    gf_window().post(gv_restarting ? WM_START_RUN : WM_END_PROGRAM);
+    gf_flushLog();
+  } catch (const std::exception& e) {
+    setMessage(fmt::format("{} exception {}", "lf_closingDown", e.what()), true);
+  }
+}
+
+}  // namespace orv

@@ -1,0 +1,269 @@
+#include "app/main_loop.h"
+
+#include <fmt/format.h>
+
+#include <mutex>
+#include <thread>
+
+#include "app/pending_stages.h"
+#include "app/run.h"
+#include "app/run_stage.h"
+#include "engine/engine_step.h"
+#include "engine/engine_tables.h"
+#include "engine/object_id_list.h"
+#include "foundation/day_and_slot.h"
+#include "foundation/log.h"
+#include "foundation/message_area.h"
+#include "foundation/parameter_store.h"
+#include "foundation/parameters.h"
+#include "foundation/run_flags.h"
+#include "foundation/run_state.h"
+#include "foundation/sim_choice.h"
+#include "foundation/time_text.h"
+#include "platform/desktop/desktop.h"
+#include "simlink/user_aircraft.h"
+#include "ui/controls.h"
+#include "ui/window_state.h"
+
+namespace orv {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+// Ticks of the not-running branch until its next slow round.
+int gv_notRunningCounter = 100;
+// An announced static update has passed its first phase.
+bool gv_staticUpdateSecondPhase = false;
+
+void lf_setFeedEnabled(bool enabled) {
+  std::lock_guard lock(gTrafficMutex);
+  gv_feedEnabled = enabled;
+}
+
+void lf_refreshAircraftCounts() {
+  unsigned live = 0, parkedLive = 0;
+  for (const LiveAc& ac : gLiveAc) {
+    if (ac.simState != kActive) continue;
+    if (ac.flightState == kParked)
+      ++parkedLive;
+    else
+      ++live;
+  }
+  lf_showAircraftCounts(live, parkedLive, static_cast<unsigned>(gParkedAc.size()));
+}
+
+// "Re-read": only when asked and no static update runs.
+void lf_runRereadRequest() {
+  if (!gv_reqReread.load() || gv_staticUpdateRunning.load()) return;
+  const std::string change = lf_rereadMyParkAirports();
+  if (!change.empty() && gf_messageArea().errorText.empty()) setMessage(change, true);
+  lf_enableControl(BUTTON_REREAD.controlId, true);
+  lf_enableControl(DESTINATION.controlId, true);
+  gv_reqReread = false;
+}
+
+// First phase: the parking controls are blocked and the feed's pending data cleared;
+// second phase: the adjustments run and the update is no longer pending.
+void lf_advanceStaticUpdate() {
+  if (!gv_staticUpdateSecondPhase) {
+    lf_blockParkingControls();
+    lf_clearFeedPendingData();
+    gv_staticUpdateSecondPhase = true;
+    return;
+  }
+  gf_clearErrorText();
+  if (!gParkedAc.empty() || std::any_of(gLiveAc.begin(), gLiveAc.end(), [](const LiveAc& ac) {
+        return ac.flightState == kParked;
+      }))
+    lf_adjustParking();
+  gv_staticUpdatePending = false;
+  gv_staticUpdateSecondPhase = false;
+}
+
+// The live aircraft in the simulator that bears this callsign, or -1.
+int lf_findLiveInSimByCallsign(std::string_view cs) {
+  for (std::size_t i = 0; i < gLiveAc.size(); ++i)
+    if (gLiveAc[i].simState == kActive && gLiveAc[i].cs == cs) return static_cast<int>(i);
+  return -1;
+}
+
+}  // namespace
+
+void SteadyLoopClock::sleepUntil(time_point t) { std::this_thread::sleep_until(t); }
+
+void lf_runSchedule(LoopClock& clock, const std::function<bool()>& tick) {
+  auto next = clock.now() + 10ms;
+  bool go = tick();
+  while (go) {
+    const auto now = clock.now();
+    if (next + 100ms < now) next = now + 10ms;
+    if (next - now >= 1ms) clock.sleepUntil(next);
+    if (gv_secondTick.load()) next = clock.now();
+    next += 10ms;
+    go = tick();
+  }
+}
+
+SecondWork lf_secondWork(int seconds, bool secondPhase) {
+  SecondWork w;
+  if (seconds % 5 != 0) {
+    w.parking = seconds % 16 == 0 && !secondPhase;
+    w.feedStatus = seconds % 59 == 0;
+    w.removeStaticTwin = seconds % 61 == 0;
+    return w;
+  }
+  w.fiveSecond = true;
+  if (seconds % 15 != 0) return w;
+  w.staticUpdate = true;
+  w.every30 = seconds % 30 == 0;
+  return w;
+}
+
+bool lf_tick() {
+  if (!gv_simRunning.load() || gv_simRequestFailed.load()) {
+    lf_flightNotRunning();
+    return !gf_stopping();
+  }
+  lf_handleAddingStack();
+  if (!gv_secondTick.exchange(false)) return true;
+  lf_everySecond();
+  if (gf_stopping()) return false;
+
+  const SecondWork w = lf_secondWork(gv_seconds, gv_staticUpdateSecondPhase);
+  if (w.parking) lf_periodicParking();
+  if (w.feedStatus) lf_feedStatus();
+  if (w.removeStaticTwin) lf_removeStaticTwinOfLive();
+  if (w.fiveSecond) {
+    lf_copyUserPositionToFeed();
+    if (gv_rtProf.load()) lf_sendSimTime();
+    lf_removeFromReservedStand();
+    lf_runRereadRequest();
+  }
+  if (w.staticUpdate) {
+    if (gv_staticUpdatePending.load()) lf_advanceStaticUpdate();
+    if (lf_feedDataLost()) lf_feedStatus();
+  }
+  if (w.every30) lf_every30Seconds();
+  return true;
+}
+
+void lf_flightNotRunning() {
+  if (!gv_flightNotRunning) {
+    lf_setFeedEnabled(false);
+    gv_flightNotRunning = true;
+    gv_runStage = RunStage::FlightNotRunning;
+    gv_notRunningCounter = 100;
+    lf_discardPendingPositions();
+    gf_log("{} Flight not running", gf_timeOfDay());
+  }
+  lf_takeSimNotices();
+  --gv_notRunningCounter;
+  if (gv_notRunningCounter % 100 == 0) {
+    lf_runRereadRequest();
+    lf_sendPosition();
+  }
+  if (gv_notRunningCounter <= 0) {
+    gv_notRunningCounter = 100;
+    lf_refreshAircraftCounts();
+    gf_refreshDayAndSlot();
+  }
+}
+
+void lf_everySecond() {
+  if (gv_flightNotRunning) {
+    gv_flightNotRunning = false;
+    gv_runStage = RunStage::Running;
+    gf_log("{} Flight resumed", gf_timeOfDay());
+    lf_setFeedEnabled(true);
+  }
+  gf_ageMessage();
+  lf_refreshAircraftCounts();
+  gf_refreshDayAndSlot();
+  ++gv_seconds;
+
+  if (!gRouteQueue.empty()) {
+    const std::uint32_t hexid = gRouteQueue.front();
+    gRouteQueue.pop_front();
+    const int i = gf_findLiveAc(hexid);
+    if (i >= 0 && gLiveAc[static_cast<std::size_t>(i)].routeLooked == 0) lf_lookUpFlight(hexid);
+    lf_dropStaticTwin(hexid);
+  }
+  if (gv_reqShowObjectId.load()) {
+    const int i = lf_findLiveInSimByCallsign(CALLSIGN_2_OBJECTID.value);
+    if (i < 0) {
+      gWindowState.objectIdText.show("has left");
+    } else {
+      const std::uint32_t id = gLiveAc[static_cast<std::size_t>(i)].objectid;
+      gWindowState.objectIdText.show(gv_isMsfs2020 ? fmt::format("= {}", id) : fmt::format("= {:x}", id));
+    }
+    gv_reqShowObjectId = false;
+  }
+  if (gv_reqFlushStatic.exchange(false)) {
+    lf_removeAllStatic();
+    if (!INITIAL_LOAD_ONLY.value) {
+      INITIAL_LOAD_ONLY.set(true);
+      saveBool(INITIAL_LOAD_ONLY);
+      gf_window().setChecked(INITIAL_LOAD_ONLY.controlId, true);
+    }
+  }
+  if (gv_reqCallsignToOid.exchange(false)) {
+    gWindowState.objectIdText.show("");
+    lf_fillCallsignList();
+    gv_reqShowObjectId = true;
+  }
+  if (gv_userOnGround.load()) {
+    if (COLLISION_USER_GND.value) lf_collisionUserGnd();
+  } else if (COLLISION_USER_AIR.value) {
+    lf_collisionUserAir();
+  }
+  if (COLLISION_LIVE_PARKED_GND.value) lf_collisionLiveParked();
+  if (gv_reqBlockCallsign.load()) {
+    if (!BLOCK_CALLSIGN.value.empty() && lf_findLiveInSimByCallsign(BLOCK_CALLSIGN.value) >= 0)
+      lf_removeLiveByCallsign(BLOCK_CALLSIGN.value.c_str());
+    gv_reqBlockCallsign = false;
+  }
+  if (gv_staticUpdateRunning.load()) gf_window().invalidate(Band::ParkAirport);
+}
+
+void lf_every30Seconds() {
+  if (gv_reqRematch.exchange(false)) lf_clearNoMatch();
+  if (AUTO_RANGE.value) computeAutoRange();
+  if (gv_seconds % 60 == 0) {
+    int minutes = gWindowState.minutesToUpdate.load() - 1;
+    if (minutes < 1) {
+      minutes = 20;
+      if (lf_parkingPossible() && !INITIAL_LOAD_ONLY.value && !gv_staticUpdateRunning.load() &&
+          !gv_staticUpdatePending.load())
+        lf_announceStaticUpdate();
+    }
+    gWindowState.minutesToUpdate.show(minutes);
+    if (OBJECTID_LIST.value) gf_writeObjectIdList();
+  }
+  if (gv_seconds % 1200 == 0) {
+    lf_writeNoMatchList();
+    if (gv_seconds % 86400 == 0) {
+      gv_seconds = 0;
+      gf_writeMatchingSummary();
+      lf_clearLiveryCache();
+    }
+  }
+  gf_flushLog();
+}
+
+void lf_mainLoop() {
+  gv_runStage = RunStage::Running;
+  lf_firstParking(true);
+  lf_feedStatus();
+  gv_seconds = 0;
+  gf_refreshDayAndSlot();
+  lf_setFeedEnabled(true);
+  lf_fillCallsignList();
+  lf_enableControl(BUTTON_CS2OID.controlId, true);
+  desktop::beginTimerResolution();
+  SteadyLoopClock clock;
+  lf_runSchedule(clock, lf_tick);
+  desktop::endTimerResolution();
+}
+
+}  // namespace orv

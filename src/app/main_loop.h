@@ -1,0 +1,47 @@
+#pragma once
+// The running stage: a 10 ms tick for the engine and the work of every second.
+#include <chrono>
+#include <functional>
+
+namespace orv {
+
+// The loop's clock, injectable so that its catch-up rules can be checked without sleeping.
+class LoopClock {
+ public:
+  using time_point = std::chrono::steady_clock::time_point;
+  virtual ~LoopClock() = default;
+  virtual time_point now() = 0;
+  virtual void sleepUntil(time_point t) = 0;
+};
+
+class SteadyLoopClock final : public LoopClock {
+ public:
+  time_point now() override { return std::chrono::steady_clock::now(); }
+  void sleepUntil(time_point t) override;
+};
+
+// Calls tick every 10 ms until it returns false. Behind by more than 100 ms, the schedule
+// restarts from now instead of running ticks back to back; a second tick of the simulator
+// re-reads the clock, so the loop follows the simulator's seconds.
+void lf_runSchedule(LoopClock& clock, const std::function<bool()>& tick);
+
+void lf_mainLoop();
+// One tick; false when the run must end.
+bool lf_tick();
+void lf_flightNotRunning();
+void lf_everySecond();
+void lf_every30Seconds();
+
+// What the work of one second holds, by the second's number.
+struct SecondWork {
+  bool parking = false;           // the periodic parking step
+  bool feedStatus = false;        // refresh of the feed status display
+  bool removeStaticTwin = false;  // a static aircraft that doubles a live parked one
+  bool fiveSecond = false;        // user position to the feed, simulator time, reserved stand, re-read
+  bool staticUpdate = false;      // the next phase of an announced static update
+  bool every30 = false;
+};
+// `secondPhase`: a static update is in its second phase, which the parking step must not meet.
+SecondWork lf_secondWork(int seconds, bool secondPhase);
+
+}  // namespace orv

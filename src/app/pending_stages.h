@@ -1,0 +1,68 @@
+#pragma once
+// Stages of a run whose subsystems are not built yet. Each does nothing and returns what lets
+// the run go on; the subsystem that owns a stage replaces it here when it lands.
+#include <cstdint>
+#include <string>
+
+namespace orv {
+
+// Reference data, airports, versions.
+bool lf_checkVersionsAndDownload();
+bool lf_readAirportCatalogue();
+bool lf_detectInstallPath();
+void lf_lookUpDestination();
+
+// Liveries and add-on airports.
+void lf_scanLiveries();
+void lf_processScannedLiveries();
+void lf_scanAirports();
+void lf_clearNoMatch();
+void lf_writeNoMatchList();
+void gf_writeMatchingSummary();
+void lf_clearLiveryCache();
+
+// Simulator link.
+void lf_startSimClient();
+void lf_stopSimClient();
+void lf_discardPendingPositions();
+void gf_createFlightPlanFolder();
+void gf_removeFlightPlanFolder();
+
+// RealTraffic link and the readers.
+void lf_openRtServer(const char* port);
+void waitForClient();
+void lf_sendPosition();
+void lf_sendSimTime();
+void lf_closeRt();
+void lf_startQnhReader();
+void lf_startTrafficReader(bool local);
+void lf_stopReaders();
+void lf_feedStatus();
+bool lf_feedDataLost();
+void lf_clearFeedPendingData();
+
+// Parking and stands.
+void lf_readMyParkAirports();
+// What changed in the list, for the message area; empty when nothing did.
+std::string lf_rereadMyParkAirports();
+void computeAutoRange();
+void lf_firstParking(bool atStart);
+void lf_periodicParking();
+void lf_removeStaticTwinOfLive();
+void lf_removeFromReservedStand();
+void lf_adjustParking();
+void lf_removeAllStatic();
+bool lf_parkingPossible();
+void lf_announceStaticUpdate();
+void lf_clearParkAirport();
+void lf_lookUpFlight(std::uint32_t hexid);
+void lf_dropStaticTwin(std::uint32_t hexid);
+void lf_collisionUserGnd();
+void lf_collisionUserAir();
+void lf_collisionLiveParked();
+void lf_removeLiveByCallsign(const char* callsign);
+
+// Window lists.
+void lf_fillCallsignList();
+
+}  // namespace orv

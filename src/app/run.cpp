@@ -1,0 +1,109 @@
+#include "app/run.h"
+
+#include <fmt/format.h>
+
+#include <mutex>
+#include <thread>
+
+#include "app/pending_stages.h"
+#include "app/run_stage.h"
+#include "engine/engine_tables.h"
+#include "feed/traffic_decoder.h"
+#include "foundation/day_and_slot.h"
+#include "foundation/log.h"
+#include "foundation/parameters.h"
+#include "foundation/run_flags.h"
+#include "foundation/run_state.h"
+#include "foundation/time_text.h"
+#include "simlink/user_aircraft.h"
+#include "ui/controls.h"
+#include "ui/window_state.h"
+
+namespace orv {
+
+using namespace std::chrono_literals;
+
+bool lf_pause(std::chrono::milliseconds total) {
+  while (total > 0ms) {
+    if (gf_stopping()) return false;
+    const auto slice = std::min(total, std::chrono::milliseconds(100));
+    std::this_thread::sleep_for(slice);
+    total -= slice;
+  }
+  return !gf_stopping();
+}
+
+void lf_copyUserPositionToFeed() { gTrafficDecoder.setUserPosition(gUserSnapshot.lat, gUserSnapshot.lon); }
+
+bool lf_waitForUserAircraft() {
+  while (!gv_simRunning.load() || gv_simRequestFailed.load())
+    if (!lf_pause(100ms)) return false;
+  if (!lf_requestGroundAirData()) gf_logError("SimConnect request ac gnd/air fails");
+  for (;;) {
+    gUserSnapshot = lf_requestUserPosition();
+    if (gv_userAircraftKnown.load() && gf_userPositionKnown(gUserSnapshot)) break;
+    if (!lf_pause(500ms)) return false;
+  }
+  lf_requestUserTitleAndModel();
+  while (!gf_userPositionKnown(gUserSnapshot)) {
+    if (!lf_pause(200ms)) return false;
+    gUserSnapshot = lf_requestUserPosition();
+  }
+  return true;
+}
+
+bool lf_run() {
+  gWindowState.rtConnected.show(false);
+  gWindowState.simConnected.show(false);
+  gf_reserveEngineTables();
+  gv_simRequestFailed = false;
+  gv_runStage = RunStage::WaitingForSim;
+  lf_startSimClient();
+  if (!lf_waitForUserAircraft()) return false;
+
+  lf_enableControl(SCAN_AIRPORTS.controlId, true);
+  if (SCAN_AIRPORTS.value) {
+    gv_runStage = RunStage::ScanningAirports;
+    gWindowState.simAddonCount.store(0);
+    gWindowState.thirdPartyCount.store(0);
+    lf_scanAirports();
+  }
+  if (AUTO_RANGE.value) computeAutoRange();
+  const bool rtLink = gv_rtOnThisPc && !AEROWINX.value;
+  if (rtLink)
+    lf_openRtServer(PORT_NUMBER.value.c_str());
+  else
+    gWindowState.rtConnected.show(true);
+  if (gf_stopping()) return false;
+
+  gv_runStage = RunStage::WaitingForRealTraffic;
+  gWindowState.rtWaiting.show(false);
+  if (!AEROWINX.value) {
+    waitForClient();
+    if (gv_rtProf.load()) lf_sendSimTime();
+  } else {
+    gv_rtProf = false;
+  }
+  if (gf_stopping()) return false;
+
+  gv_runStage = RunStage::StartingReaders;
+  {
+    std::lock_guard lock(gTrafficMutex);
+    gv_feedEnabled = false;
+  }
+  lf_startQnhReader();
+  if (!lf_pause(2s)) return false;
+  lf_startTrafficReader(gv_rtOnThisPc);
+  lf_sendPosition();
+  lf_copyUserPositionToFeed();
+  int round = 0;
+  while (gv_feedTimestamp.load() == 0 && round < 150) {
+    if (!lf_pause(100ms)) return false;
+    ++round;
+  }
+  if (gv_feedTimestamp.load() == 0) gf_log("No traffic in this region?");
+  gf_refreshDayAndSlot();
+  return true;
+}
+
+}  // namespace orv

@@ -1,0 +1,82 @@
+#include "engine/engine_tables.h"
+
+#include <algorithm>
+
+namespace orv {
+
+void gf_reserveEngineTables() {
+  static bool reserved = false;
+  if (reserved) return;
+  reserved = true;
+  gLiveAc.reserve(512);
+  gParkedAc.reserve(256);
+  gAddStack.reserve(64);
+  gGhostList.reserve(64);
+  gSimNotices.reserve(256);
+  gNewObjects.reserve(128);
+  gPositionOut.engine.reserve(512);
+  gPositionOut.client.reserve(512);
+  gEventOut.reserve(256);
+}
+
+void gf_clearEngineTables() {
+  gLiveAc.clear();
+  gParkedAc.clear();
+  gAddStack.clear();
+  gLiveAddQueue.clear();
+  gParkedAddQueue.clear();
+  gRemoveQueue.clear();
+  gRouteQueue.clear();
+  gGhostList.clear();
+  gNewObjects.clear();
+  {
+    std::lock_guard lock(gTrafficMutex);
+    gTrafficQueue.clear();
+  }
+  {
+    std::lock_guard lock(gNoticeMutex);
+    gSimNotices.clear();
+  }
+  std::lock_guard lock(gSimMutex);
+  gEventOut.clear();
+  gPositionOut.engine.clear();
+  gPositionOut.client.clear();
+}
+
+int gf_findLiveAc(std::uint32_t hexid) {
+  for (std::size_t i = 0; i < gLiveAc.size(); ++i)
+    if (gLiveAc[i].hexid == hexid) return static_cast<int>(i);
+  return -1;
+}
+
+int gf_findLiveAcByObject(std::uint32_t objectid) {
+  if (objectid == 0) return -1;
+  for (std::size_t i = 0; i < gLiveAc.size(); ++i)
+    if (gLiveAc[i].objectid == objectid) return static_cast<int>(i);
+  return -1;
+}
+
+std::size_t gf_addLiveAc(LiveAc&& ac) {
+  gLiveAc.push_back(std::move(ac));
+  return gLiveAc.size() - 1;
+}
+
+void gf_eraseLiveAcAt(std::size_t index) {
+  if (index >= gLiveAc.size()) return;
+  if (index != gLiveAc.size() - 1) gLiveAc[index] = std::move(gLiveAc.back());
+  gLiveAc.pop_back();
+}
+
+void gf_compactLiveAc() {
+  std::erase_if(gLiveAc, [](const LiveAc& ac) { return ac.erase || ac.cancelled; });
+}
+
+void gf_exchangePositionOut() {
+  std::unique_lock lock(gSimMutex, std::try_to_lock);
+  if (lock.owns_lock()) {
+    std::swap(gPositionOut.engine, gPositionOut.client);
+  }
+  gPositionOut.engine.clear();
+}
+
+}  // namespace orv
