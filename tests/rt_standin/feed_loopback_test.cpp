@@ -1,0 +1,149 @@
+// The stand-in's UDP side on loopback: a recording played into sockets of the test, faults
+// mixed in, and the recorder writing back what it hears.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <set>
+#include <sstream>
+#include <thread>
+#include <vector>
+
+#include "fault_datagrams.h"
+#include "loopback_fixture.h"
+#include "player.h"
+#include "recorder.h"
+#include "timestamp_shift.h"
+
+namespace orv::standin {
+namespace {
+
+using test::eventually;
+using test::OwnedSocket;
+
+// Everything that arrives until the socket stays quiet.
+std::vector<std::string> drain(net::Socket s) {
+  std::vector<std::string> datagrams;
+  std::vector<char> buffer(20000);
+  for (;;) {
+    const int n = net::receiveFrom(s, buffer.data(), static_cast<int>(buffer.size()), nullptr);
+    if (n < 0) return datagrams;
+    datagrams.emplace_back(buffer.data(), static_cast<std::size_t>(n));
+  }
+}
+
+double unixNow() {
+  return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+const std::string kGood =
+    "RTTFC,3951402,50.064487,8.684970,1600,-832,0,249.0,160.5,DLH401,B748,D-ABYJ,JFK,FRA,1718020801.53,X2,LH401,"
+    "adsb_icao,1725,150,160,0.250,0.00,0,246.26,249.76,-832,none,A5";
+
+TEST(FeedLoopback, PlayerSendsToBothPortsWithFreshTimesAndFaults) {
+  OwnedSocket traffic(test::udpReceiver(500));
+  OwnedSocket weather(test::udpReceiver(500));
+  Recording recording;
+  recording.epoch = 1718020800.0;
+  recording.datagrams = {
+      {0.10, kWeatherPort, R"({"QNH":1018})"},
+      {0.20, kTrafficPort, kGood},
+      {0.30, kTrafficPort, std::string(kGood).replace(kGood.find("DLH401"), 6, "DLH402")},
+      {0.40, kTrafficPort, "garbage"},
+  };
+  PlayOptions options;
+  options.trafficPort = net::localPort(traffic.s);
+  options.weatherPort = net::localPort(weather.s);
+  options.speed = 20;
+  options.faults = FaultOptions{2, 3, 4};
+  std::ostringstream out;
+  Console console(out);
+  std::atomic<bool> stop{false};
+  PlayCounts counts;
+  const double before = unixNow();
+  play(recording, options, console, stop, counts);
+  const double after = unixNow();
+
+  const auto got = drain(traffic.s);
+  // Sent in order: 2 (+1 repeat), 3 (+1 malformed), 4 "garbage" (+1 repeat, +1 oversize).
+  ASSERT_EQ(got.size(), 7u) << out.str();
+  ASSERT_TRUE(reportTimestamp(got[0]));
+  const double age = 1718020800.0 + 0.20 - 1718020801.53;  // the report was from the future: -1.33 s
+  EXPECT_GE(*reportTimestamp(got[0]), before - age - 0.01);
+  EXPECT_LE(*reportTimestamp(got[0]), after - age + 0.01);
+  EXPECT_EQ(got[0], shiftTimestamp(kGood, *reportTimestamp(got[0]) - 1718020801.53));
+  EXPECT_EQ(got[1], got[0]);
+  EXPECT_NE(got[2].find("DLH402"), std::string::npos);
+  EXPECT_NE(got[3], got[2]);
+  EXPECT_NE(got[3].find("DLH402"), std::string::npos) << "malformed lines are made from the line just sent";
+  EXPECT_EQ(got[4], "garbage");
+  EXPECT_EQ(got[5], "garbage");
+  EXPECT_EQ(got[6].size(), kReaderBufferSize);
+
+  const auto weatherGot = drain(weather.s);
+  ASSERT_EQ(weatherGot.size(), 1u);
+  EXPECT_EQ(weatherGot[0], R"({"QNH":1018})");
+  EXPECT_EQ(counts.repeated + counts.malformed + counts.oversize, 4);
+  EXPECT_EQ(targetPort(50000, options), 50000);
+}
+
+TEST(FeedLoopback, EachBrokenLineIsADifferentFault) {
+  std::set<std::string> kinds;
+  for (std::size_t n = 0; n < 10; ++n) kinds.insert(malformedTraffic(kGood, n));
+  EXPECT_EQ(kinds.size(), 10u);
+  EXPECT_FALSE(kinds.contains(kGood));
+  EXPECT_EQ(malformedTraffic(kGood, 9), "RTTFC,3951402,50.064487,8.684970,1600,-832,0,249.0,160.5,DLH401");
+  EXPECT_EQ(oversizeDatagram(std::string(20000, 'a')).size(), 16384u);
+}
+
+TEST(FeedLoopback, RecorderWritesWhatArrivesUnderTheStandardPorts) {
+  RecordOptions options;
+  options.trafficPort = 0;
+  options.weatherPort = 0;
+  RecorderSockets sockets = openRecorder(options);
+  const std::uint16_t trafficPort = net::localPort(sockets.traffic);
+  const std::uint16_t weatherPort = net::localPort(sockets.weather);
+  std::ostringstream file;
+  std::ostringstream out;
+  Console console(out);
+  std::atomic<bool> stop{false};
+  RecordCounts counts;
+  std::thread recorder([&] { record(sockets, file, console, stop, counts); });
+  test::StopAndJoin guard{stop, recorder};
+
+  OwnedSocket sender(net::openSocket(net::Kind::Datagram));
+  const std::vector<std::pair<std::uint16_t, std::string>> sent = {
+      {trafficPort, kGood}, {weatherPort, R"({"QNH":1018})"}, {trafficPort, "two\nlines"}, {trafficPort, ""},
+      {trafficPort, std::string(16384, 'x')}};
+  for (std::size_t i = 0; i < sent.size(); ++i) {
+    const auto& [port, text] = sent[i];
+    ASSERT_EQ(net::sendTo(sender.s, text, net::Endpoint{net::kLoopback, port}), static_cast<int>(text.size()));
+    // One at a time: two sockets, two threads, and the order of the lines is the order of arrival.
+    ASSERT_TRUE(eventually([&] { return counts.datagrams == static_cast<int>(i + 1); }));
+  }
+  stop = true;
+  recorder.join();
+
+  const Recording recording = parseRecording(file.str());
+  ASSERT_TRUE(recording.epoch);
+  EXPECT_NEAR(*recording.epoch, unixNow(), 60.0);
+  ASSERT_EQ(recording.datagrams.size(), sent.size());
+  for (std::size_t i = 0; i < sent.size(); ++i) {
+    EXPECT_EQ(recording.datagrams[i].port, sent[i].first == trafficPort ? kTrafficPort : kWeatherPort) << i;
+    EXPECT_EQ(recording.datagrams[i].text, sent[i].second) << i;
+  }
+  EXPECT_NE(file.str().find(" 49005 hex:74776f0a6c696e6573\n"), std::string::npos);
+
+  // A port that is taken can't be recorded on.
+  OwnedSocket taken(test::udpReceiver(100));
+  options.trafficPort = net::localPort(taken.s);
+  try {
+    openRecorder(options);
+    ADD_FAILURE() << "no error";
+  } catch (const std::runtime_error& e) {
+    EXPECT_EQ(std::string(e.what()),
+              "cannot listen on UDP port " + std::to_string(options.trafficPort) + ": 10048 Address already in use");
+  }
+}
+
+}  // namespace
+}  // namespace orv::standin

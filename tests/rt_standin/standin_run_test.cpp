@@ -1,0 +1,88 @@
+// The whole stand-in as its command line starts it: options, and a run that plays a recording
+// into its own recorder.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "loopback_fixture.h"
+#include "options.h"
+#include "standin_run.h"
+#include "test_support.h"
+
+namespace orv::standin {
+namespace {
+
+std::string optionError(std::vector<std::string_view> arguments) {
+  try {
+    parseOptions(arguments);
+  } catch (const OptionError& e) {
+    return e.what();
+  }
+  return "no error";
+}
+
+TEST(StandinOptions, MistakesAreToldInWords) {
+  const StandinOptions o = parseOptions({"--level", "none", "--traffic-port", "0", "--reply", "array"});
+  EXPECT_FALSE(o.linkOptions.reply.level);
+  EXPECT_EQ(o.recordOptions.trafficPort, 0);  // one port option serves playing and recording
+  EXPECT_EQ(o.playOptions.weatherPort, 49004);
+  EXPECT_EQ(optionError({"--tcp-port", "65536"}), "--tcp-port 65536: not a port number (0 to 65535)");
+  EXPECT_EQ(optionError({"--speed", "0"}), "--speed 0: not a number above 0");
+  EXPECT_EQ(optionError({"--duration", "-1"}), "--duration -1: not a number of 0 or more");
+  EXPECT_EQ(optionError({"--reply", "none"}), "--reply none: one of object, empty, malformed, array, silent");
+  EXPECT_EQ(optionError({"--repeat-every", "x"}), "--repeat-every x: not a whole number of 0 or more");
+  EXPECT_EQ(optionError({"--play"}), "--play needs a value");
+  EXPECT_EQ(optionError({"--fast"}), "unknown option --fast (see --help)");
+  EXPECT_EQ(optionError({"--no-link"}), "nothing to do: --no-link without --play or --record");
+  EXPECT_TRUE(parseOptions({"--no-link", "--help"}).help);
+}
+
+TEST(StandinRun, PlaysARecordingIntoItsOwnRecorder) {
+  orv::test::TempDir dir;
+  const std::string played =
+      "# epoch 1718020800.000\n"
+      "0.000 49004 {\"QNH\":1018}\n"
+      "0.100 49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,1718020799.50,p\n"
+      "0.200 49005 hex:00ff\n"
+      "0.300 49004 {\"QNH\":1017}\n";
+  orv::test::writeFile(dir / "in.txt", played);
+
+  // Free ports for this run; other tests may run beside it.
+  test::OwnedSocket probeTraffic(test::udpReceiver(10));
+  test::OwnedSocket probeWeather(test::udpReceiver(10));
+  const std::string trafficPort = std::to_string(net::localPort(probeTraffic.s));
+  const std::string weatherPort = std::to_string(net::localPort(probeWeather.s));
+  probeTraffic.reset();
+  probeWeather.reset();
+
+  const std::string in = (dir / "in.txt").string(), outFile = (dir / "out.txt").string();
+  const StandinOptions options = parseOptions({"--no-link", "--play", in, "--record", outFile, "--speed", "10",
+                                               "--traffic-port", trafficPort, "--weather-port", weatherPort});
+  std::ostringstream out;
+  Console console(out);
+  std::atomic<bool> stop{false};
+  EXPECT_EQ(runStandin(options, console, stop), 0) << out.str();
+  EXPECT_NE(out.str().find("feed: 2 traffic, 2 weather"), std::string::npos) << out.str();
+  EXPECT_NE(out.str().find("recording: 4 datagrams written"), std::string::npos) << out.str();
+
+  const Recording recorded = loadRecording(dir / "out.txt");
+  ASSERT_EQ(recorded.datagrams.size(), 4u);
+  std::vector<std::string> texts;
+  for (const auto& d : recorded.datagrams) texts.push_back(std::to_string(d.port) + " " + d.text.substr(0, 28));
+  std::sort(texts.begin(), texts.end());
+  EXPECT_EQ(texts, (std::vector<std::string>{"49004 {\"QNH\":1017}", "49004 {\"QNH\":1018}",
+                                              std::string("49005 \0\xff", 8), "49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,"}));
+
+  // A bad recording stops the run before anything starts, naming the file and the line.
+  orv::test::writeFile(dir / "bad.txt", "0.1 49005 a\n0.05 49005 b\n");
+  const StandinOptions bad = parseOptions({"--no-link", "--play", (dir / "bad.txt").string()});
+  try {
+    runStandin(bad, console, stop);
+    ADD_FAILURE() << "no error";
+  } catch (const RecordingError& e) {
+    EXPECT_EQ(std::string(e.what()), (dir / "bad.txt").string() + ": line 2: time 0.05 comes before the time of the line before (0.1)");
+  }
+}
+
+}  // namespace
+}  // namespace orv::standin

@@ -1,0 +1,111 @@
+// The replay loop. Send times come from one start instant, so that a slow send doesn't
+// push the rest of the recording later.
+#include "player.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <stdexcept>
+
+#include "fault_datagrams.h"
+#include "platform/net/socket_error.h"
+#include "platform/net/socket_layer.h"
+#include "stop_wait.h"
+#include "timestamp_shift.h"
+
+namespace orv::standin {
+
+namespace {
+
+double unixNow() {
+  return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+std::string shortened(std::string_view text) {
+  constexpr std::size_t kShown = 100;
+  if (text.size() <= kShown) return std::string(text);
+  return fmt::format("{}... ({} bytes)", text.substr(0, kShown), text.size());
+}
+
+struct Sender {
+  net::Socket socket;
+  Console& console;
+  PlayCounts& counts;
+  bool verbose;
+};
+
+bool sendOne(Sender& sender, std::string_view datagram, std::uint16_t port) {
+  if (net::sendTo(sender.socket, datagram, net::Endpoint{net::kLoopback, port}) == net::kSocketError) {
+    ++sender.counts.failed;
+    say(sender.console, fmt::format("send to {} failed: {}", port, gf_socketError(net::lastError())));
+    return false;
+  }
+  if (sender.verbose) say(sender.console, fmt::format("{} {}", port, shortened(datagram)));
+  return true;
+}
+
+void injectFaults(Sender& sender, const FaultOptions& faults, int sequence, const RecordedDatagram& recorded,
+                  std::string_view sent, std::uint16_t port, std::size_t& malformedCount) {
+  if (faults.repeatEvery > 0 && sequence % faults.repeatEvery == 0) {
+    if (sendOne(sender, sent, port)) ++sender.counts.repeated;
+    say(sender.console, fmt::format("fault: datagram {} sent twice to {}", sequence, port));
+  }
+  if (faults.malformedEvery > 0 && sequence % faults.malformedEvery == 0) {
+    const std::string bad = recorded.port == kWeatherPort ? malformedWeather(malformedCount)
+                                                          : malformedTraffic(sent, malformedCount);
+    ++malformedCount;
+    if (sendOne(sender, bad, port)) ++sender.counts.malformed;
+    say(sender.console, fmt::format("fault: malformed datagram to {}: {}", port, shortened(bad)));
+  }
+  if (faults.oversizeEvery > 0 && sequence % faults.oversizeEvery == 0) {
+    const std::string big = oversizeDatagram(sent);
+    if (sendOne(sender, big, port)) ++sender.counts.oversize;
+    say(sender.console, fmt::format("fault: {}-byte datagram to {}", big.size(), port));
+  }
+}
+
+}  // namespace
+
+std::uint16_t targetPort(std::uint16_t recordedPort, const PlayOptions& options) {
+  if (recordedPort == kTrafficPort) return options.trafficPort;
+  if (recordedPort == kWeatherPort) return options.weatherPort;
+  return recordedPort;
+}
+
+void play(const Recording& recording, const PlayOptions& options, Console& console, const std::atomic<bool>& stop,
+          PlayCounts& counts) {
+  const net::Socket socket = net::openSocket(net::Kind::Datagram);
+  if (socket == net::kNoSocket)
+    throw std::runtime_error(fmt::format("no UDP socket for playing: {}", gf_socketError(net::lastError())));
+  Sender sender{socket, console, counts, options.verbose};
+
+  const auto epoch = options.shiftTimestamps ? recordingEpoch(recording) : std::nullopt;
+  const double length = recording.datagrams.empty() ? 0.0 : recording.datagrams.back().seconds + 1.0;
+  const double speed = options.speed > 0 ? options.speed : 1.0;
+  say(console, fmt::format("playing {} datagrams over {:.1f} s to traffic port {}, weather port {}, speed {}{}",
+                           recording.datagrams.size(), length / speed, options.trafficPort, options.weatherPort, speed,
+                           options.loop ? ", looping" : ""));
+
+  const auto start = std::chrono::steady_clock::now();
+  int sequence = 0;
+  std::size_t malformedCount = 0;
+  for (int round = 0; !stop.load() && !recording.datagrams.empty(); ++round) {
+    for (const auto& recorded : recording.datagrams) {
+      const std::chrono::duration<double> offset((round * length + recorded.seconds) / speed);
+      if (!waitUntil(stop, start + std::chrono::duration_cast<std::chrono::steady_clock::duration>(offset))) break;
+      const std::uint16_t port = targetPort(recorded.port, options);
+      const std::string text = epoch && recorded.port == kTrafficPort
+                                   ? shiftTimestamp(recorded.text, shiftFor(*epoch, recorded.seconds, unixNow()))
+                                   : recorded.text;
+      if (!sendOne(sender, text, port)) continue;
+      ++sequence;
+      ++(recorded.port == kTrafficPort ? counts.traffic : recorded.port == kWeatherPort ? counts.weather : counts.other);
+      injectFaults(sender, options.faults, sequence, recorded, text, port, malformedCount);
+    }
+    if (!options.loop) break;
+  }
+  net::closeSocket(socket);
+  say(console, fmt::format("played {} traffic and {} weather datagrams", counts.traffic.load(), counts.weather.load()));
+}
+
+}  // namespace orv::standin
