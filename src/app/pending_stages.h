@@ -1,6 +1,7 @@
 #pragma once
-// Stages of a run whose subsystems are not built yet. Each does nothing and returns what lets
-// the run go on; the subsystem that owns a stage replaces it here when it lands.
+// The stages of a run that other subsystems carry out. Those not built yet have stand-ins in
+// pending_<subsystem>.cpp that do nothing and return what lets the run go on; a subsystem
+// that lands defines its stages itself and its stand-in file goes.
 #include <cstdint>
 #include <string>
 
