@@ -7,6 +7,7 @@
 
 #include "app/pending_stages.h"
 #include "app/run_stage.h"
+#include "engine/engine_requests.h"
 #include "engine/engine_tables.h"
 #include "feed/traffic_decoder.h"
 #include "foundation/day_and_slot.h"
@@ -56,6 +57,7 @@ bool lf_run() {
   gWindowState.rtConnected.show(false);
   gWindowState.simConnected.show(false);
   gf_reserveEngineTables();
+  gv_feedPositionStep = lf_sendPosition;
   gv_simRequestFailed = false;
   gv_runStage = RunStage::WaitingForSim;
   lf_startSimClient();

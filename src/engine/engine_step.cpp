@@ -1,28 +1,107 @@
 #include "engine/engine_step.h"
 
+#include <fmt/format.h>
+
+#include "engine/ac_text.h"
+#include "engine/aircraft_removal.h"
+#include "engine/engine_requests.h"
 #include "engine/engine_tables.h"
+#include "engine/pending_engine.h"
+#include "engine/sim_notices.h"
 #include "engine/traffic_intake.h"
+#include "foundation/log.h"
 
 namespace orv {
 namespace {
 
-// Advances one aircraft; true when its record is to leave the table. Records in "buffer"
-// only collect samples until spawning decides about them.
-bool updateLiveAc(LiveAc&) { return false; }
+std::string lf_latLonText(double lat, double lon) { return fmt::format("{:.6f},{:.6f}", lat, lon); }
 
-// Creations and removals handed to the simulator client at their paced rates; the add
-// stack; the fixed-rate requests. They come with the simulator link and the life cycle.
-void lf_runQueues() {}
-void lf_takeAddStack() {}
-void lf_periodicRequests() {}
+void lf_updateActive(LiveAc& ac) {
+  if (ac.stream.empty()) {
+    gf_logError("{} stream empty ? {}, hexid:{}, objectid:{}, alt:{:.0f} ft, lalo:{}, TAS:{:.0f}", "updateLiveAc",
+                gf_acText(ac), ac.hexid, ac.objectid, ac.alt, lf_latLonText(ac.lat, ac.lon), ac.outTas);
+    removeAircraftFromSim(ac);
+    return;
+  }
+  if (gv_tick >= ac.stream.front().tick) {
+    nextPosMain(ac);
+    ac.outVs = ac.vsNow / 60.0;
+    ac.outTas = ac.stream.empty() || ac.stream.front().stopped ? 0.0 : ac.speedNow;
+    if (ac.simState != kActive) return;
+  }
+  if (ac.stream.empty()) return;
+  if (!ac.stream.front().stopped) lf_motionStep(ac);
+  if (ac.objectid == 0) {
+    gf_logError("{} objectid=0? hexid: {},cs:{}, reg:{}, aimo:{} sz:{}", "updateLiveAc", ac.hexid, ac.cs, ac.reg,
+                gf_acCodeText(ac.code), ac.stream.size());
+    removeAircraftFromSim(ac);
+    return;
+  }
+  gPositionOut.engine.push_back(
+      PositionOut{ac.lat, ac.lon, ac.pitch, ac.bank, ac.heading, ac.alt, ac.outVs, ac.outTas, ac.objectid});
+}
+
+// Creations and removals at the pace the simulator digests: ten removals and two
+// creations a second at most, live aircraft before parked ones.
+void lf_runQueues() {
+  if (gv_tick % 10 == 0 && !gRemoveQueue.empty()) {
+    simQueueRemove(gRemoveQueue.front());
+    gRemoveQueue.pop_front();
+  }
+  if (gv_tick % 50 != 0) return;
+  if (!gLiveAddQueue.empty()) {
+    simQueueCreate(gLiveAddQueue.front());
+    gLiveAddQueue.pop_front();
+    return;
+  }
+  if (!gParkedAddQueue.empty()) {
+    simQueueCreate(gParkedAddQueue.front());
+    gParkedAddQueue.pop_front();
+  }
+  lf_placeNextStatic();
+}
+
+void lf_takeAddStack() {
+  if (gAddStack.empty()) return;
+  const std::uint32_t hexid = gAddStack.back();
+  gAddStack.pop_back();
+  const int i = gf_findLiveAc(hexid);
+  if (i < 0) return;
+  const LiveAc& ac = gLiveAc[static_cast<std::size_t>(i)];
+  if (ac.cs.empty()) {
+    gf_log("{} {} objectid = 0?", "lf_handleAddingStack", gf_acText(ac));
+    return;
+  }
+  gLiveAddQueue.push_back(AddRequest{ac.lat, ac.lon, ac.alt, ac.pitch * kDegreesPerRadian, ac.bank * kDegreesPerRadian,
+                                     ac.heading * kDegreesPerRadian, 0, 0, ac.cs, ac.title, ac.hexid});
+}
+
+void lf_periodicRequests() {
+  if (gv_tick % 20 == 0) {
+    lf_requestAircraftInRange();
+    if (gv_feedPositionStep) gv_feedPositionStep();
+  }
+  if (gv_tick % 100 == 0) lf_refreshUserSnapshot();
+}
 
 }  // namespace
 
-// Their handling comes with the life cycle; until then they are taken and dropped so that
-// the queue cannot grow.
+bool updateLiveAc(LiveAc& ac) {
+  try {
+    if (ac.simState == kBuffer)
+      lf_bufferStep(ac);
+    else if (ac.simState == kActive)
+      lf_updateActive(ac);
+  } catch (const std::exception& e) {
+    gf_logError("{}: {} {}, sz:{}, fs:{}, st:{}", "updateLiveAc", e.what(), gf_acText(ac), ac.stream.size(),
+                gf_flightStateName(ac.flightState), gf_simStateName(ac.simState));
+  }
+  return ac.erase || ac.cancelled;
+}
+
 void lf_takeSimNotices() {
   std::lock_guard lock(gNoticeMutex);
-  gSimNotices.clear();
+  lf_handleNotices();
 }
 
 void lf_handleAddingStack() {
