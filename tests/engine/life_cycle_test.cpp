@@ -77,11 +77,12 @@ TEST_F(LifeCycle, ACreatedObjectSettlesThenShowsTheLightsOfItsSituation) {
   steps(1);
   EXPECT_EQ(gLiveAc[0].simState, kActive);
   seen = events();
-  // Engines, then NAV, BEACON, LANDING, TAXI, STROBES, LOGO, CABIN: in the air at 5000 ft.
+  // Engines, spoilers off, then NAV, BEACON, LANDING, TAXI, STROBES, LOGO, CABIN: in the air
+  // at 5000 ft; no lever is touched in the air.
   std::vector<std::pair<std::uint32_t, std::uint32_t>> got;
   for (const EventOut& e : seen) got.emplace_back(e.eventId, e.value);
   EXPECT_EQ(got, (std::vector<std::pair<std::uint32_t, std::uint32_t>>{
-                     {220, 0}, {207, 1}, {206, 1}, {210, 1}, {208, 0}, {209, 1}, {212, 1}, {211, 1}}));
+                     {220, 0}, {218, 0}, {207, 1}, {206, 1}, {210, 1}, {208, 0}, {209, 1}, {212, 1}, {211, 1}}));
   steps(1);
   std::lock_guard lock(gSimMutex);
   ASSERT_EQ(gPositionOut.client.size(), 1u) << "an active aircraft sends its position every step";
@@ -99,7 +100,9 @@ TEST_F(LifeCycle, OnTheGroundTheTaxiLightFollowsTheFlightState) {
   for (const EventOut& e : events())
     if (e.eventId != 213) got.emplace_back(e.eventId, e.value);
   EXPECT_EQ(got, (std::vector<std::pair<std::uint32_t, std::uint32_t>>{
-                     {220, 0}, {207, 1}, {206, 1}, {210, 0}, {208, 1}, {209, 0}, {212, 1}, {211, 1}}));
+                     {219, 1},  // gear down as the object appears on the ground
+                     {220, 0}, {218, 0}, {207, 1}, {206, 1}, {210, 0}, {208, 1}, {209, 0}, {212, 1}, {211, 1},
+                     {222, 0}, {217, 3072}}));  // idle throttle, taxi flaps
   EXPECT_EQ(gLiveAc[0].throttleIdx, 0);
   EXPECT_EQ(gLiveAc[0].flapsIdx, 1);
 }

@@ -1,0 +1,43 @@
+#include "simlink/sim_session.h"
+
+#include <mutex>
+
+#include "engine/engine_tables.h"
+#include "foundation/log.h"
+#include "foundation/message_area.h"
+#include "foundation/run_flags.h"
+#include "foundation/run_state.h"
+#include "simlink/sim_dispatch.h"
+#include "simlink/sim_queues.h"
+#include "simlink/user_aircraft.h"
+#include "simlink/user_model.h"
+#include "simlink/user_stand.h"
+
+namespace orv {
+
+void gf_postNotice(const SimNotice& notice) {
+  std::lock_guard lock(gNoticeMutex);
+  gSimNotices.push_back(notice);
+}
+
+bool gf_simSessionOpen() {
+  std::lock_guard lock(gSimMutex);
+  return gv_simHandle != nullptr;
+}
+
+void lf_simRequestError() {
+  setMessage("SimConnect request error", true);
+  gv_simRequestFailed = true;
+  requestStop(ExitReason::SimConnectError, 9);
+}
+
+void gf_resetSimLink() {
+  gv_userObjectId = 2;
+  gf_clearSimQueues();
+  gf_clearUserAircraft();
+  gf_clearUserModel();
+  gf_clearUserStand();
+  lf_resetDispatchState();
+}
+
+}  // namespace orv

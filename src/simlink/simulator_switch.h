@@ -1,0 +1,15 @@
+#pragma once
+// A change of simulator between MSFS 2020 and MSFS 2024: chosen on the window, or found
+// because the other one connected. The liveries and airports differ, so the next run
+// scans them again.
+namespace orv {
+
+// The restart for a new simulator: the livery catalogue goes, both scans are asked for,
+// the install path is cleared, and the run ends with NEW SETTINGS (3 seconds).
+void lf_switchSimulator();
+
+// The SimClient thread found the other simulator: SIM_CHOICE becomes that one, saved and
+// shown, then the restart above. Nothing while the run is already stopping.
+void lf_switchToConnectedSimulator();
+
+}  // namespace orv

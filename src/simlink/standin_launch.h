@@ -1,0 +1,22 @@
+#pragma once
+// On a machine without Microsoft Flight Simulator (a build without the SDK) the process
+// serves SimConnect with the stand-in simulator: it runs in real time from the default
+// scenario, a user aircraft parked at Frankfurt, or from the file given by --scenario FILE.
+#include <string>
+#include <vector>
+
+namespace orv {
+
+// The default scenario, compiled in from platform/simconnect/scenarios/default_eddf.json.
+extern const char* const kDefaultStandinScenario;
+
+// The file of "--scenario FILE", or empty.
+std::string lf_scenarioOption(const std::vector<std::string>& args);
+
+// Starts the stand-in and logs which scenario it plays; nothing when the SDK is bound.
+// A scenario that can't be read throws std::runtime_error naming the file and the place.
+void gf_startStandinSimulator(const std::vector<std::string>& args);
+// Stops it, if it runs.
+void gf_stopStandinSimulator();
+
+}  // namespace orv

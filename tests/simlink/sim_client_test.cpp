@@ -1,0 +1,88 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <thread>
+
+#include "foundation/message_area.h"
+#include "foundation/parameters.h"
+#include "foundation/run_flags.h"
+#include "foundation/run_state.h"
+#include "foundation/sim_choice.h"
+#include "simlink/sim_client.h"
+#include "simlink/sim_session.h"
+#include "simlink_fixture.h"
+#include "ui/window_state.h"
+
+namespace orv::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST_F(SimLinkTest, ConnectsWhenTheSimulatorStartsLateAndDeclaresEverything) {
+  standin::loadScenarioText(scenarioJson());
+  lf_startSimClient();
+  std::this_thread::sleep_for(250ms);  // opens are refused meanwhile
+  EXPECT_FALSE(gWindowState.simConnected.load());
+  standin::start(standin::Clock::Stepped);
+  ASSERT_TRUE(standin::waitForSession("Orvane"));
+  settle();
+  const std::string text = log.text();
+  const auto waiting = text.find("Waiting for MSFS 2020 ...\n");
+  EXPECT_NE(waiting, std::string::npos);
+  EXPECT_EQ(text.find("Waiting", waiting + 1), std::string::npos) << "announced once, however often it retries";
+  EXPECT_NE(text.find("MSFS 2020 (11.0.282174.999) connected\n"), std::string::npos) << text;
+  EXPECT_EQ(gWindowState.simName.load(), "MSFS 2020 (11.0.282174.999)");
+  EXPECT_TRUE(gv_simRunning.load()) << "the \"Sim\" state comes with the subscription";
+
+  const auto session = standin::session("Orvane");
+  ASSERT_TRUE(session);
+  EXPECT_EQ(session->systemEvents.size(), 5u);
+  EXPECT_EQ(session->systemEvents.at(205), "FlightLoaded");
+  std::map<DWORD, std::size_t> datums;
+  for (const auto& [definition, list] : session->dataDefinitions) datums[definition] = list.size();
+  EXPECT_EQ(datums, (std::map<DWORD, std::size_t>{{401, 3}, {402, 8}, {403, 14}, {404, 4},
+                                                  {405, 2}, {407, 1}, {408, 1}, {409, 1}}));
+  EXPECT_EQ(session->clientEvents.size(), 17u);
+  const auto& group = session->groups.at(301);
+  EXPECT_EQ(group.size(), 16u);
+  EXPECT_EQ(std::count(group.begin(), group.end(), 220u), 0) << "ENGINE_AUTO_START stays out of the group";
+  EXPECT_EQ(session->groupPriorities.at(301), 1u);
+
+  standin::setPaused(true);
+  settle();
+  EXPECT_FALSE(gv_simRunning.load());
+  lf_joinSimClient();
+  EXPECT_NE(log.text().find("SimConnect closed ok\n"), std::string::npos);
+  EXPECT_FALSE(gWindowState.simConnected.load());
+  EXPECT_EQ(gv_simHandle, nullptr);
+  EXPECT_FALSE(gv_stopRun.load()) << "a stop of the thread is no end of the run";
+}
+
+TEST_F(SimLinkTest, KittyHawkWhileMsfs2024IsChosenSwitchesTheChoiceAndRestarts) {
+  SIM_CHOICE.set("MSFS 2024");
+  gv_isMsfs2020 = false;
+  startClient();
+  ASSERT_TRUE(waitForStop());
+  lf_joinSimClient();
+  EXPECT_EQ(gv_exitReason.load(), ExitReason::NewSettings);
+  EXPECT_EQ(gv_restartSeconds.load(), 3);
+  EXPECT_EQ(SIM_CHOICE.value, "MSFS 2020");
+  const std::string saved = readFile(appData.path() / "Orvane" / "parameters.xml");
+  EXPECT_NE(saved.find(R"(name="SIM_CHOICE" value="MSFS 2020")"), std::string::npos);
+  const std::string text = log.text();
+  const auto mismatch = text.find("MSFS and Orvane do not match, restarting ...\n");
+  EXPECT_NE(mismatch, std::string::npos);
+  EXPECT_GT(text.find("Switching MSFS version in Orvane\n"), mismatch);
+}
+
+TEST_F(SimLinkTest, AnotherSimulatorIsAnErrorAndTheRunEndsAsWithoutSimulator) {
+  startClient(scenarioJson(R"("applicationName": "Prepar3D v5")"));
+  ASSERT_TRUE(waitForStop());
+  lf_joinSimClient();
+  EXPECT_EQ(gf_messageArea().errorText, "77: 'Prepar3D v5' not being MSFS 2020 or MSFS 2024 connects ... ?");
+  EXPECT_EQ(gv_exitReason.load(), ExitReason::SimWasClosed);
+  EXPECT_NE(log.text().find(" Flight Simulator no longer connected, Orvane will stop ...\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace orv::test

@@ -1,0 +1,102 @@
+#include "simlink_fixture.h"
+
+#include <fmt/format.h>
+
+#include <mutex>
+#include <thread>
+
+#include "engine/engine_requests.h"
+#include "engine/engine_tables.h"
+#include "foundation/message_area.h"
+#include "foundation/parameter_store.h"
+#include "foundation/run_flags.h"
+#include "foundation/run_state.h"
+#include "foundation/sim_choice.h"
+#include "foundation/time_text.h"
+#include "simlink/sim_client.h"
+#include "simlink/sim_session.h"
+
+namespace orv::test {
+
+using namespace std::chrono_literals;
+
+std::string scenarioJson(std::string_view extra, std::string_view user) {
+  return fmt::format(R"({{"simulator": 2020, "applicationVersion": [11, 0, 282174, 999], "frameRate": 10,
+    "terrainElevationFt": 364, "user": {{{}}},
+    "titles": ["Airbus A320 Lufthansa", {{"title": "Boeing 737-800 Ryanair", "model": "B738"}}]{}{}}})",
+                     user, extra.empty() ? "" : ", ", extra);
+}
+
+void resetRun() {
+  gv_stopRun = gv_userClosing = false;
+  gv_exitReason = ExitReason::NotYetSet;
+  gv_restartSeconds = 0;
+  gv_simRunning = gv_simRequestFailed = gv_secondTick = gv_rtProf = false;
+  gv_isMsfs2020 = true;
+  gf_resetMessageArea();
+  gf_clearEngineTables();
+  gf_resetSimLink();
+  gAddedObjects.clear();
+  gPendingCreates.clear();
+}
+
+void SimLinkTest::SetUp() {
+  standin::reset();
+  gf_setWindow(&window);
+  previousDir = std::filesystem::current_path();
+  std::filesystem::current_path(work.path());
+  gf_writeParameters(true);
+  resetRun();
+}
+
+void SimLinkTest::TearDown() {
+  lf_joinSimClient();
+  standin::reset();
+  resetRun();
+  std::filesystem::current_path(previousDir);
+  gf_setWindow(nullptr);
+}
+
+void SimLinkTest::startClient(std::string_view scenario) {
+  standin::loadScenarioText(scenario);
+  standin::start(standin::Clock::Stepped);
+  lf_startSimClient();
+}
+
+void SimLinkTest::connect(std::string_view scenario) {
+  startClient(scenario);
+  ASSERT_TRUE(standin::waitForSession("Orvane"));
+  settle();
+}
+
+void SimLinkTest::settle() { ASSERT_TRUE(standin::waitUntilIdle(10s)); }
+
+void SimLinkTest::frames(int count) {
+  for (int i = 0; i < count; ++i) {
+    standin::advanceFrames(1);
+    settle();
+  }
+}
+
+std::uint32_t SimLinkTest::createOwn(std::uint32_t hexid, const std::string& callsign, std::string_view title,
+                                     double altitudeFt) {
+  simQueueCreate(AddRequest{50.04, 8.57, altitudeFt, 0, 0, 250, 0, 0, callsign, title, hexid});
+  frames(3);  // the create call, the object's existence, ObjectAdded
+  lf_requestAircraftInRange();
+  settle();
+  const auto object = standin::objectByAtcId(callsign);
+  return object ? object->objectId : 0;
+}
+
+std::vector<SimNotice> SimLinkTest::takeNotices() {
+  std::lock_guard lock(gNoticeMutex);
+  return std::exchange(gSimNotices, {});
+}
+
+bool SimLinkTest::waitForStop() {
+  // The client ends the run after its dispatch has returned, so this polls.
+  for (int i = 0; i < 500 && !gv_stopRun.load(); ++i) std::this_thread::sleep_for(10ms);
+  return gv_stopRun.load();
+}
+
+}  // namespace orv::test
