@@ -9,7 +9,8 @@
 #include "app/pending_stages.h"
 #include "app/run_stage.h"
 #include "engine/engine_tables.h"
-#include "feed/traffic_decoder.h"
+#include "feed/feed_readers.h"
+#include "feed/rt_link.h"
 #include "foundation/log.h"
 #include "foundation/message_area.h"
 #include "foundation/parameter_store.h"
@@ -19,7 +20,7 @@
 #include "foundation/run_state.h"
 #include "foundation/time_text.h"
 #include "platform/window/window_layer.h"
-#include "simlink/user_aircraft.h"
+#include "simlink/sim_session.h"
 #include "ui/window_state.h"
 
 namespace orv {
@@ -47,8 +48,7 @@ void lf_restartCountdown() {
 }
 
 void lf_resetRunState() {
-  gTrafficDecoder.qnh = 1013;
-  gv_feedTimestamp = 0;
+  lf_resetFeed();
   {
     std::lock_guard lock(gTrafficMutex);
     gv_feedEnabled = false;
@@ -56,13 +56,7 @@ void lf_resetRunState() {
   gv_simRunning = false;
   gv_simRequestFailed = false;
   gf_clearEngineTables();
-  {
-    std::lock_guard lock(gSimMutex);
-    gUserData = UserBlock{};
-  }
-  gUserSnapshot = UserBlock{};
-  gv_userAircraftKnown = false;
-  gv_userOnGround = false;
+  gf_resetSimLink();
   lf_resetStatusBand();
   gv_stopRun = false;
   gv_userClosing = false;

@@ -11,6 +11,9 @@
 #include "engine/engine_step.h"
 #include "engine/engine_tables.h"
 #include "engine/object_id_list.h"
+#include "feed/feed_status.h"
+#include "feed/live_callsigns.h"
+#include "feed/rt_position.h"
 #include "foundation/day_and_slot.h"
 #include "foundation/log.h"
 #include "foundation/message_area.h"
@@ -136,7 +139,7 @@ bool lf_tick() {
   if (w.removeStaticTwin) lf_removeStaticTwinOfLive();
   if (w.fiveSecond) {
     lf_copyUserPositionToFeed();
-    if (gv_rtProf.load()) lf_sendSimTime();
+    if (gv_rtProf.load()) lf_sendSimTime(gv_simEpoch.load());
     lf_removeFromReservedStand();
     lf_runRereadRequest();
   }

@@ -5,6 +5,11 @@
 #include <cstdint>
 #include <string>
 
+// The simulator link has landed: its stages are declared by its own headers.
+#include "simlink/flight_plans.h"
+#include "simlink/sim_client.h"
+#include "simlink/sim_queues.h"
+
 namespace orv {
 
 // Reference data, airports, versions.
@@ -22,25 +27,6 @@ void lf_writeNoMatchList();
 void gf_writeMatchingSummary();
 void lf_clearLiveryCache();
 
-// Simulator link.
-void lf_startSimClient();
-void lf_stopSimClient();
-void lf_discardPendingPositions();
-void gf_createFlightPlanFolder();
-void gf_removeFlightPlanFolder();
-
-// RealTraffic link and the readers.
-void lf_openRtServer(const char* port);
-void waitForClient();
-void lf_sendPosition();
-void lf_sendSimTime();
-void lf_closeRt();
-void lf_startQnhReader();
-void lf_startTrafficReader(bool local);
-void lf_stopReaders();
-void lf_feedStatus();
-bool lf_feedDataLost();
-void lf_clearFeedPendingData();
 
 // Parking and stands.
 void lf_readMyParkAirports();

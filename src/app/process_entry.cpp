@@ -22,6 +22,8 @@
 #include "foundation/user_paths.h"
 #include "platform/desktop/desktop.h"
 #include "platform/window/headless_window.h"
+#include "simlink/sim_client.h"
+#include "simlink/standin_launch.h"
 #include "ui/controls.h"
 #include "ui/window_position.h"
 
@@ -100,6 +102,18 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
     return 0;
   }
 
+  // Without the simulator's SDK, SimConnect is served by the stand-in simulator.
+  if (!production) {
+    try {
+      gf_startStandinSimulator(args);
+    } catch (const std::exception& e) {
+      gf_logError(e.what());
+      std::fprintf(stderr, "%s\n", e.what());
+      gf_closeLog();
+      return 1;
+    }
+  }
+
   lf_resetRunState();
   gv_restarting = false;
   gv_exitCode = 0;
@@ -138,6 +152,8 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
     }
   }
   if (startUp.joinable()) startUp.join();
+  lf_joinSimClient();
+  gf_stopStandinSimulator();
   std::signal(SIGINT, SIG_DFL);
   std::signal(SIGTERM, SIG_DFL);
 

@@ -9,6 +9,9 @@
 #include "app/run_stage.h"
 #include "engine/engine_requests.h"
 #include "engine/engine_tables.h"
+#include "feed/feed_readers.h"
+#include "feed/rt_link.h"
+#include "feed/rt_position.h"
 #include "feed/traffic_decoder.h"
 #include "foundation/day_and_slot.h"
 #include "foundation/log.h"
@@ -16,6 +19,7 @@
 #include "foundation/run_flags.h"
 #include "foundation/run_state.h"
 #include "foundation/time_text.h"
+#include "simlink/sim_session.h"
 #include "simlink/user_aircraft.h"
 #include "ui/controls.h"
 #include "ui/window_state.h"
@@ -37,9 +41,10 @@ bool lf_pause(std::chrono::milliseconds total) {
 void lf_copyUserPositionToFeed() { gTrafficDecoder.setUserPosition(gUserSnapshot.lat, gUserSnapshot.lon); }
 
 bool lf_waitForUserAircraft() {
-  while (!gv_simRunning.load() || gv_simRequestFailed.load())
+  while (!gv_simRunning.load() || gv_simRequestFailed.load() || !gf_simSessionOpen())
     if (!lf_pause(100ms)) return false;
-  if (!lf_requestGroundAirData()) gf_logError("SimConnect request ac gnd/air fails");
+  // A refusal is logged and ends the run; the waits below then see the stop flag.
+  lf_requestGroundAirData();
   for (;;) {
     gUserSnapshot = lf_requestUserPosition();
     if (gv_userAircraftKnown.load() && gf_userPositionKnown(gUserSnapshot)) break;
@@ -57,6 +62,7 @@ bool lf_run() {
   gWindowState.rtConnected.show(false);
   gWindowState.simConnected.show(false);
   gf_reserveEngineTables();
+  gf_reserveSimQueues();
   gv_feedPositionStep = lf_sendPosition;
   gv_simRequestFailed = false;
   gv_runStage = RunStage::WaitingForSim;
@@ -73,7 +79,7 @@ bool lf_run() {
   if (AUTO_RANGE.value) computeAutoRange();
   const bool rtLink = gv_rtOnThisPc && !AEROWINX.value;
   if (rtLink)
-    lf_openRtServer(PORT_NUMBER.value.c_str());
+    lf_openRtServer(PORT_NUMBER.value);
   else
     gWindowState.rtConnected.show(true);
   if (gf_stopping()) return false;
@@ -82,7 +88,7 @@ bool lf_run() {
   gWindowState.rtWaiting.show(false);
   if (!AEROWINX.value) {
     waitForClient();
-    if (gv_rtProf.load()) lf_sendSimTime();
+    if (gv_rtProf.load()) lf_sendSimTime(gv_simEpoch.load());
   } else {
     gv_rtProf = false;
   }
@@ -93,9 +99,9 @@ bool lf_run() {
     std::lock_guard lock(gTrafficMutex);
     gv_feedEnabled = false;
   }
-  lf_startQnhReader();
+  lf_startQnhReader(gv_qnhPort);
   if (!lf_pause(2s)) return false;
-  lf_startTrafficReader(gv_rtOnThisPc);
+  lf_startTrafficReader(gv_rtOnThisPc, gv_trafficPort);
   lf_sendPosition();
   lf_copyUserPositionToFeed();
   int round = 0;

@@ -11,6 +11,7 @@
 #include "app/run.h"
 #include "app/run_stage.h"
 #include "app/working_folder.h"
+#include "feed/rt_link.h"
 #include "foundation/day_and_slot.h"
 #include "foundation/folder_utils.h"
 #include "foundation/log.h"

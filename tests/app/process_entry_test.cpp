@@ -10,6 +10,7 @@
 #include "app/run_stage.h"
 #include "app/working_folder.h"
 #include "engine/engine_tables.h"
+#include "feed/feed_readers.h"
 #include "feed/traffic_decoder.h"
 #include "foundation/run_flags.h"
 #include "foundation/run_state.h"
@@ -37,6 +38,9 @@ std::string report(std::uint32_t hexid, const char* cs, double timestamp) {
 class ProcessRun : public testing::Test {
  protected:
   void SetUp() override {
+    // Free ports for the readers, so that runs side by side never meet on 49004/49005.
+    gv_trafficPort = 0;
+    gv_qnhPort = 0;
     fs::create_directories(work / "docs");
     fs::create_directories(work / "input");
     test::writeEncrypted(work / "input" / "dbase.enc", test::DbaseXml().text());
