@@ -7,6 +7,8 @@
 #include <thread>
 
 #include "app/pending_stages.h"
+#include "simlink/flight_plans.h"
+#include "simlink/sim_client.h"
 #include "app/run_stage.h"
 #include "engine/engine_tables.h"
 #include "feed/feed_readers.h"

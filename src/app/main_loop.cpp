@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "app/pending_stages.h"
+#include "simlink/sim_queues.h"
 #include "app/run.h"
 #include "app/run_stage.h"
 #include "engine/engine_step.h"

@@ -5,11 +5,6 @@
 #include <cstdint>
 #include <string>
 
-// The simulator link has landed: its stages are declared by its own headers.
-#include "simlink/flight_plans.h"
-#include "simlink/sim_client.h"
-#include "simlink/sim_queues.h"
-
 namespace orv {
 
 // Reference data, airports, versions.
@@ -26,7 +21,6 @@ void lf_clearNoMatch();
 void lf_writeNoMatchList();
 void gf_writeMatchingSummary();
 void lf_clearLiveryCache();
-
 
 // Parking and stands.
 void lf_readMyParkAirports();

@@ -6,6 +6,8 @@
 #include <thread>
 
 #include "app/pending_stages.h"
+#include "simlink/sim_client.h"
+#include "simlink/sim_queues.h"
 #include "app/run_stage.h"
 #include "engine/engine_requests.h"
 #include "engine/engine_tables.h"

@@ -8,6 +8,7 @@
 #include "app/closing_down.h"
 #include "app/main_loop.h"
 #include "app/pending_stages.h"
+#include "simlink/flight_plans.h"
 #include "app/run.h"
 #include "app/run_stage.h"
 #include "app/working_folder.h"
