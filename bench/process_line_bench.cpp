@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/traffic_queue.h"
 #include "engine/engine_tables.h"
 #include "feed/traffic_decoder.h"
 #include "foundation/log.h"
@@ -76,8 +77,7 @@ struct Setup {
     gf_openLog("/dev/null");
     RANGE.set(40);
     decoder.setUserPosition(50.03, 8.57);
-    std::lock_guard lock(gTrafficMutex);
-    gv_feedEnabled = true;
+    gTrafficQueue.setEnabled(true);
   }
   TrafficDecoder decoder;
 };
@@ -90,7 +90,6 @@ void run(benchmark::State& state, const std::vector<std::string>& lines) {
     setup.decoder.processLine(lines[i]);
     if (++i == lines.size()) {
       i = 0;
-      std::lock_guard lock(gTrafficMutex);
       gTrafficQueue.clear();  // the engine takes the messages
     }
   }

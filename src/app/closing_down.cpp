@@ -9,8 +9,10 @@
 #include "app/pending_stages.h"
 #include "simlink/flight_plans.h"
 #include "simlink/sim_client.h"
+#include "app/main_loop.h"
 #include "app/run_stage.h"
 #include "engine/engine_tables.h"
+#include "engine/traffic_queue.h"
 #include "feed/feed_readers.h"
 #include "feed/rt_link.h"
 #include "foundation/log.h"
@@ -19,7 +21,10 @@
 #include "foundation/parameters.h"
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
+#include "app/process_state.h"
+#include "parking/parking_run_state.h"
+#include "ui/run_requests.h"
 #include "foundation/time_text.h"
 #include "platform/window/window_layer.h"
 #include "simlink/sim_session.h"
@@ -50,30 +55,14 @@ void lf_restartCountdown() {
 }
 
 void lf_resetRunState() {
+  gf_resetRunFlags();
   lf_resetFeed();
-  {
-    std::lock_guard lock(gTrafficMutex);
-    gv_feedEnabled = false;
-  }
-  gv_simRunning = false;
-  gv_simRequestFailed = false;
-  gf_clearEngineTables();
+  gf_resetEngine();
   gf_resetSimLink();
+  lf_resetParkingRunState();
   lf_resetStatusBand();
-  gv_stopRun = false;
-  gv_userClosing = false;
-  gv_secondTick = false;
-  gv_seconds = 0;
-  gv_flightNotRunning = false;
-  gv_exitReason = ExitReason::NotYetSet;
-  gv_restartSeconds = 0;
-  gv_staticUpdatePending = false;
-  gv_staticUpdateRunning = false;
-  for (auto* request : {&gv_reqFlushStatic, &gv_reqReread, &gv_reqCallsignToOid, &gv_reqBlockCallsign,
-                        &gv_reqShowObjectId, &gv_reqRematch})
-    *request = false;
-  gv_tick = 0;
-  gv_runStage = RunStage::NotStarted;
+  lf_resetRunRequests();
+  lf_resetMainLoopState();
 }
 
 void lf_closingDown() {
@@ -81,10 +70,7 @@ void lf_closingDown() {
     gv_runStage = RunStage::Closing;
     const ExitReason reason = gv_exitReason.load();
     gf_log("Exiting: {}", gf_exitReasonText(reason));
-    {
-      std::lock_guard lock(gTrafficMutex);
-      gv_feedEnabled = false;
-    }
+    gTrafficQueue.setEnabled(false);
     lf_stopSimClient();
     lf_stopReaders();
     std::this_thread::sleep_for(500ms);

@@ -11,6 +11,8 @@
 #include "app/run_stage.h"
 #include "engine/engine_step.h"
 #include "engine/engine_tables.h"
+#include "engine/engine_tick.h"
+#include "engine/traffic_queue.h"
 #include "engine/object_id_list.h"
 #include "feed/feed_status.h"
 #include "feed/live_callsigns.h"
@@ -21,7 +23,9 @@
 #include "foundation/parameter_store.h"
 #include "foundation/parameters.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
+#include "parking/parking_run_state.h"
+#include "ui/run_requests.h"
 #include "foundation/sim_choice.h"
 #include "foundation/time_text.h"
 #include "platform/desktop/desktop.h"
@@ -37,13 +41,7 @@ namespace {
 
 // Ticks of the not-running branch until its next slow round.
 int gv_notRunningCounter = 100;
-// An announced static update has passed its first phase.
-bool gv_staticUpdateSecondPhase = false;
-
-void lf_setFeedEnabled(bool enabled) {
-  std::lock_guard lock(gTrafficMutex);
-  gv_feedEnabled = enabled;
-}
+void lf_setFeedEnabled(bool enabled) { gTrafficQueue.setEnabled(enabled); }
 
 void lf_refreshAircraftCounts() {
   unsigned live = 0, parkedLive = 0;
@@ -93,6 +91,13 @@ int lf_findLiveInSimByCallsign(std::string_view cs) {
 }
 
 }  // namespace
+
+void lf_resetMainLoopState() {
+  gv_seconds = 0;
+  gv_flightNotRunning = false;
+  gv_notRunningCounter = 100;
+  gv_runStage = RunStage::NotStarted;
+}
 
 void SteadyLoopClock::sleepUntil(time_point t) { std::this_thread::sleep_until(t); }
 

@@ -1,6 +1,7 @@
 #pragma once
 // The running stage: a 10 ms tick for the engine and the work of every second.
 #include <chrono>
+#include <cstdint>
 #include <functional>
 
 namespace orv {
@@ -24,6 +25,12 @@ class SteadyLoopClock final : public LoopClock {
 // restarts from now instead of running ticks back to back; a second tick of the simulator
 // re-reads the clock, so the loop follows the simulator's seconds.
 void lf_runSchedule(LoopClock& clock, const std::function<bool()>& tick);
+
+// The loop's own state in a run; run thread only.
+inline std::int32_t gv_seconds = 0;  // seconds since the main loop began, back to 0 at 86400
+inline bool gv_flightNotRunning = false;
+// At the reset of a run.
+void lf_resetMainLoopState();
 
 void lf_mainLoop();
 // One tick; false when the run must end.

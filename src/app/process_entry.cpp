@@ -17,7 +17,7 @@
 #include "foundation/message_area.h"
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "app/process_state.h"
 #include "foundation/time_text.h"
 #include "foundation/user_paths.h"
 #include "platform/desktop/desktop.h"

@@ -9,8 +9,10 @@
 #include "simlink/sim_client.h"
 #include "simlink/sim_queues.h"
 #include "app/run_stage.h"
-#include "engine/engine_requests.h"
+#include "engine/engine_hooks.h"
 #include "engine/engine_tables.h"
+#include "engine/traffic_queue.h"
+#include "simlink/sim_port_binding.h"
 #include "feed/feed_readers.h"
 #include "feed/rt_link.h"
 #include "feed/rt_position.h"
@@ -19,7 +21,7 @@
 #include "foundation/log.h"
 #include "foundation/parameters.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "foundation/time_text.h"
 #include "simlink/sim_session.h"
 #include "simlink/user_aircraft.h"
@@ -65,6 +67,7 @@ bool lf_run() {
   gWindowState.simConnected.show(false);
   gf_reserveEngineTables();
   gf_reserveSimQueues();
+  gf_bindSimLink();
   gv_feedPositionStep = lf_sendPosition;
   gv_simRequestFailed = false;
   gv_runStage = RunStage::WaitingForSim;
@@ -97,10 +100,7 @@ bool lf_run() {
   if (gf_stopping()) return false;
 
   gv_runStage = RunStage::StartingReaders;
-  {
-    std::lock_guard lock(gTrafficMutex);
-    gv_feedEnabled = false;
-  }
+  gTrafficQueue.setEnabled(false);
   lf_startQnhReader(gv_qnhPort);
   if (!lf_pause(2s)) return false;
   lf_startTrafficReader(gv_rtOnThisPc, gv_trafficPort);

@@ -21,7 +21,7 @@
 #include "foundation/parameters.h"
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "app/process_state.h"
 #include "foundation/sim_choice.h"
 #include "foundation/user_error.h"
 #include "foundation/user_paths.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/engine_hooks.h"
 #include "engine/engine_tables.h"
 #include "engine/pending_engine.h"
 #include "foundation/log.h"
@@ -34,7 +35,7 @@ void removeAircraftFromSim(AcRecord& ac) {
   }
   if (ac.hexid > 10000) lf_clearLiveAtStand(ac.sid);
   ac.simState = kRemovingFromSim;
-  lf_stopFollowing(ac.objectid);
+  if (gv_stopFollowing) gv_stopFollowing(ac.objectid);
   if (ac.objectid == 0)
     gf_logError("{} removing act {}, with objectid=0 ?", "removeAircraftFromSim", ac.cs);
   else

@@ -4,10 +4,15 @@
 
 #include "engine/ac_text.h"
 #include "engine/aircraft_removal.h"
-#include "engine/engine_requests.h"
+#include "engine/engine_hooks.h"
 #include "engine/engine_tables.h"
-#include "engine/pending_engine.h"
+#include "engine/engine_tick.h"
+#include "engine/motion.h"
+#include "engine/position_exchange.h"
+#include "engine/sim_notice_queue.h"
 #include "engine/sim_notices.h"
+#include "engine/sim_port.h"
+#include "engine/spawning.h"
 #include "engine/traffic_intake.h"
 #include "foundation/log.h"
 
@@ -37,7 +42,7 @@ void lf_updateActive(LiveAc& ac) {
     removeAircraftFromSim(ac);
     return;
   }
-  gPositionOut.engine.push_back(
+  gPositionOut.engine().push_back(
       PositionOut{ac.lat, ac.lon, ac.pitch, ac.bank, ac.heading, ac.alt, ac.outVs, ac.outTas, ac.objectid});
 }
 
@@ -45,20 +50,20 @@ void lf_updateActive(LiveAc& ac) {
 // creations a second at most, live aircraft before parked ones.
 void lf_runQueues() {
   if (gv_tick % 10 == 0 && !gRemoveQueue.empty()) {
-    simQueueRemove(gRemoveQueue.front());
+    gf_sim().queueRemove(gRemoveQueue.front());
     gRemoveQueue.pop_front();
   }
   if (gv_tick % 50 != 0) return;
   if (!gLiveAddQueue.empty()) {
-    simQueueCreate(gLiveAddQueue.front());
+    gf_sim().queueCreate(gLiveAddQueue.front());
     gLiveAddQueue.pop_front();
     return;
   }
   if (!gParkedAddQueue.empty()) {
-    simQueueCreate(gParkedAddQueue.front());
+    gf_sim().queueCreate(gParkedAddQueue.front());
     gParkedAddQueue.pop_front();
   }
-  lf_placeNextStatic();
+  if (gv_placeNextStatic) gv_placeNextStatic();
 }
 
 void lf_takeAddStack() {
@@ -78,10 +83,10 @@ void lf_takeAddStack() {
 
 void lf_periodicRequests() {
   if (gv_tick % 20 == 0) {
-    lf_requestAircraftInRange();
+    gf_sim().requestAircraftInRange();
     if (gv_feedPositionStep) gv_feedPositionStep();
   }
-  if (gv_tick % 100 == 0) lf_refreshUserSnapshot();
+  if (gv_tick % 100 == 0) gf_sim().refreshUserSnapshot();
 }
 
 }  // namespace
@@ -100,8 +105,10 @@ bool updateLiveAc(LiveAc& ac) {
 }
 
 void lf_takeSimNotices() {
-  std::lock_guard lock(gNoticeMutex);
-  lf_handleNotices();
+  // The run thread's own copy: notices are handled without holding the client up.
+  static std::vector<SimNotice> notices;
+  gSimNotices.takeAll(notices);
+  lf_handleNotices(notices);
 }
 
 void lf_handleAddingStack() {
@@ -109,7 +116,7 @@ void lf_handleAddingStack() {
   bool compact = false;
   for (LiveAc& ac : gLiveAc) compact |= updateLiveAc(ac);
   if (compact) gf_compactLiveAc();
-  gf_exchangePositionOut();
+  gPositionOut.handOver();
   lf_runQueues();
   lf_takeTrafficMessages();
   lf_takeAddStack();

@@ -2,6 +2,11 @@
 
 #include <algorithm>
 
+#include "engine/engine_tick.h"
+#include "engine/position_exchange.h"
+#include "engine/sim_notice_queue.h"
+#include "engine/traffic_queue.h"
+
 namespace orv {
 
 void gf_reserveEngineTables() {
@@ -14,9 +19,7 @@ void gf_reserveEngineTables() {
   gGhostList.reserve(64);
   gSimNotices.reserve(256);
   gNewObjects.reserve(128);
-  gPositionOut.engine.reserve(512);
-  gPositionOut.client.reserve(512);
-  gEventOut.reserve(256);
+  gPositionOut.reserve(512);
 }
 
 void gf_clearEngineTables() {
@@ -29,18 +32,15 @@ void gf_clearEngineTables() {
   gRouteQueue.clear();
   gGhostList.clear();
   gNewObjects.clear();
-  {
-    std::lock_guard lock(gTrafficMutex);
-    gTrafficQueue.clear();
-  }
-  {
-    std::lock_guard lock(gNoticeMutex);
-    gSimNotices.clear();
-  }
-  std::lock_guard lock(gSimMutex);
-  gEventOut.clear();
-  gPositionOut.engine.clear();
-  gPositionOut.client.clear();
+  gTrafficQueue.setEnabled(false);
+  gTrafficQueue.clear();
+  gSimNotices.clear();
+  gPositionOut.clear();
+}
+
+void gf_resetEngine() {
+  gf_clearEngineTables();
+  gv_tick = 0;
 }
 
 int gf_findLiveAc(std::uint32_t hexid) {
@@ -69,14 +69,6 @@ void gf_eraseLiveAcAt(std::size_t index) {
 
 void gf_compactLiveAc() {
   std::erase_if(gLiveAc, [](const LiveAc& ac) { return ac.erase || ac.cancelled; });
-}
-
-void gf_exchangePositionOut() {
-  std::unique_lock lock(gSimMutex, std::try_to_lock);
-  if (lock.owns_lock()) {
-    std::swap(gPositionOut.engine, gPositionOut.client);
-  }
-  gPositionOut.engine.clear();
 }
 
 }  // namespace orv

@@ -1,10 +1,9 @@
 #pragma once
-// The engine's tables and the queues between it and the other threads. Everything belongs to
-// the run thread unless a lock is named.
+// The engine's tables. They belong to the run thread alone; what crosses to other threads goes
+// through the hand-overs (traffic_queue.h, sim_notice_queue.h, position_exchange.h).
 #include <cstdint>
 #include <deque>
 #include <list>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -12,17 +11,8 @@
 
 namespace orv {
 
-// The engine's tick of 10 ms; starts at 0 when the run loop starts.
-inline std::int32_t gv_tick = 0;
-
 inline std::vector<LiveAc> gLiveAc;
 inline std::vector<AcRecord> gParkedAc;
-
-// Decoded traffic from the Traffic Reader thread; the reader appends only while
-// gv_feedEnabled is set. Both under gTrafficMutex.
-inline std::mutex gTrafficMutex;
-inline std::deque<TrafficMsg> gTrafficQueue;
-inline bool gv_feedEnabled = false;
 
 inline std::vector<std::uint32_t> gAddStack;  // hexids ready to be created, last in first out
 inline std::deque<AddRequest> gLiveAddQueue;
@@ -31,26 +21,17 @@ inline std::deque<std::uint32_t> gRemoveQueue;  // objectids
 inline std::list<std::uint32_t> gRouteQueue;    // hexids whose learned flight is to be looked up
 inline std::vector<std::string> gGhostList;
 
-// Every call into the simulator, gEventOut and the exchange of the position buffers.
-// Taken inside gTrafficMutex or gNoticeMutex, never the other way round.
-inline std::mutex gSimMutex;
-inline std::vector<EventOut> gEventOut;
-
-// Positions: the engine fills `engine` during a step; the client sends `client`.
-struct PositionBuffers {
-  std::vector<PositionOut> engine;
-  std::vector<PositionOut> client;
-};
-inline PositionBuffers gPositionOut;
-
-inline std::mutex gNoticeMutex;
-inline std::vector<SimNotice> gSimNotices;
 inline std::vector<SimNotice> gNewObjects;  // created objects waiting out their first 200 ticks
 
 // Reserves the containers once per process, so that running does not reallocate.
 void gf_reserveEngineTables();
-// Empties every table and queue: the simulator connection ended or the flight was reset.
+// Empties every table and hand-over of the engine and closes the feed's way in: the
+// simulator connection ended or the flight was reset.
 void gf_clearEngineTables();
+
+// The engine's run state back to its start: the tables and hand-overs empty, the feed's way
+// in closed, the tick at 0.
+void gf_resetEngine();
 
 // The index of the live aircraft with this hexid, or -1; a linear search.
 int gf_findLiveAc(std::uint32_t hexid);
@@ -61,9 +42,5 @@ std::size_t gf_addLiveAc(LiveAc&& ac);
 void gf_eraseLiveAcAt(std::size_t index);
 // Drops every record marked `erase` or `cancelled`, keeping the order of the rest.
 void gf_compactLiveAc();
-
-// End of an engine step: hand the positions to the client thread if gSimMutex is free,
-// else drop them, since the next step brings newer ones.
-void gf_exchangePositionOut();
 
 }  // namespace orv

@@ -206,10 +206,20 @@ struct EventOut {
   std::uint32_t value = 0;
 };
 
+// What a notice of the simulator client tells the engine; 5 is not used.
+enum NoticeKind : std::uint32_t {
+  kLiveCreated = 0,
+  kParkedCreated = 1,
+  kObjectRemoved = 2,
+  kGroundData = 3,
+  kStaticData = 4,
+  kCreateFailed = 6,
+};
+
 struct SimNotice {
   std::uint32_t objectid = 0;
   std::uint32_t id = 0;  // a hexid, or the on-ground flag
-  std::uint32_t kind = 0;
+  NoticeKind kind = kLiveCreated;
   double a = 0;
   double b = 0;
 };

@@ -3,9 +3,10 @@
 #include <fmt/format.h>
 
 #include "engine/aircraft_removal.h"
-#include "engine/engine_requests.h"
+#include "engine/arrival.h"
 #include "engine/engine_tables.h"
 #include "engine/pending_engine.h"
+#include "engine/sim_port.h"
 #include "foundation/day_and_slot.h"
 #include "foundation/log.h"
 #include "foundation/parameters.h"
@@ -38,21 +39,21 @@ void lf_activateLive(LiveAc& ac) {
   const bool parked = ac.flightState == kParked;
   const bool air = !parked && !ac.onGround;
   if (parked)
-    simStopEngines(id);
+    gf_sim().stopEngines(id);
   else
-    simStartEngines(id);
-  gf_setSpoilers(ac, false);
+    gf_sim().startEngines(id);
+  gf_sim().setSpoilers(ac, false);
   if (air) {
     const bool low = ac.alt <= 10000;
-    simSetLights(id, true, true, low, false, true, low, ac.agl >= 2000);
+    gf_sim().setLights(id, true, true, low, false, true, low, ac.agl >= 2000);
   } else if (!parked) {
-    simSetLights(id, true, true, false, ac.flightState == kTaxi, false, true, true);
+    gf_sim().setLights(id, true, true, false, ac.flightState == kTaxi, false, true, true);
   } else {
-    simSetLights(id, NAV_LIGHTS_WHILE_PARKED.value, false, false, false, false, true, true);
+    gf_sim().setLights(id, NAV_LIGHTS_WHILE_PARKED.value, false, false, false, false, true, true);
   }
   if (!air) {
-    gf_setThrottle(ac, ac.acClass == kRotorcraft ? 4 : 0);
-    gf_setFlaps(ac, !parked && ac.flightState == kTaxi ? 1 : 0);
+    gf_sim().setThrottle(ac, ac.acClass == kRotorcraft ? 4 : 0);
+    gf_sim().setFlaps(ac, !parked && ac.flightState == kTaxi ? 1 : 0);
   }
   ac.simState = kActive;
 }
@@ -65,7 +66,7 @@ bool lf_stepNewObject(SimNotice& entry) {
     const int i = gf_findLiveAc(entry.id);
     if (i < 0 || gLiveAc[static_cast<std::size_t>(i)].objectid != entry.objectid) return true;
     LiveAc& ac = gLiveAc[static_cast<std::size_t>(i)];
-    if (count == 50 || count == 100) simToggleAllLights(ac.objectid);
+    if (count == 50 || count == 100) gf_sim().toggleAllLights(ac.objectid);
     if (count < kSettleTicks) return false;
     lf_activateLive(ac);
     if (ac.removeWhenCreated) {
@@ -109,13 +110,13 @@ void lf_onLiveCreated(LiveAc& ac, const SimNotice& notice) {
   ac.objectid = notice.objectid;
   ac.agl = notice.a;
   if (!ac.stream.empty() && ac.stream.front().airborne == 0) lf_onGroundAtCreation(ac);
-  gf_setFlightPlan(ac);
-  lf_requestStaticData(ac.objectid);
+  gf_sim().setFlightPlan(ac);
+  gf_sim().requestStaticData(ac.objectid);
 }
 
 void lf_onGroundAtCreation(LiveAc& ac) {
   ac.onGround = 1;
-  gf_setGear(ac, true);
+  gf_sim().setGear(ac, true);
   ac.stepAlt = 0;
   if (ac.flightState == kParked) {
     ac.parkedSlot = gv_dayAndSlot.load();
@@ -136,7 +137,7 @@ void lf_onObjectRemoved(std::uint32_t objectid) {
       ac.objectid = 0;
       return;
     }
-    if (ac.flightPlanSet) gf_removeFlightPlan(ac);
+    if (ac.flightPlanSet) gf_sim().removeFlightPlan(ac);
     gf_eraseLiveAcAt(static_cast<std::size_t>(i));
     return;
   }
@@ -152,18 +153,18 @@ void lf_onCreateFailed(std::uint32_t hexid) {
   if (hexid > 10000) {
     const int i = gf_findLiveAc(hexid);
     if (i < 0) return;
-    gf_reportCreateFailed(gLiveAc[static_cast<std::size_t>(i)]);
+    gf_sim().reportCreateFailed(gLiveAc[static_cast<std::size_t>(i)]);
     gf_eraseLiveAcAt(static_cast<std::size_t>(i));
     return;
   }
   const int i = lf_findParked(hexid);
   if (i < 0) return;
-  gf_reportCreateFailed(gParkedAc[static_cast<std::size_t>(i)]);
+  gf_sim().reportCreateFailed(gParkedAc[static_cast<std::size_t>(i)]);
   lf_eraseParkedAt(static_cast<std::size_t>(i));
 }
 
-void lf_handleNotices() {
-  for (const SimNotice& n : gSimNotices) {
+void lf_handleNotices(const std::vector<SimNotice>& notices) {
+  for (const SimNotice& n : notices) {
     switch (n.kind) {
       case kLiveCreated:
         lf_onLiveNotice(n);
@@ -194,7 +195,6 @@ void lf_handleNotices() {
         break;
     }
   }
-  gSimNotices.clear();
   std::erase_if(gNewObjects, lf_stepNewObject);
 }
 

@@ -2,25 +2,17 @@
 // The engine's side of what the simulator reports: created, refused and removed objects,
 // their ground and static data, and the settling of new objects before they move.
 #include <cstdint>
+#include <vector>
 
 #include "engine/live_aircraft.h"
 
 namespace orv {
 
-enum NoticeKind : std::uint32_t {
-  kLiveCreated = 0,
-  kParkedCreated = 1,
-  kObjectRemoved = 2,
-  kGroundData = 3,
-  kStaticData = 4,
-  kCreateFailed = 6,
-};
-
 // Ticks during which a new object gets no position, and the counts of its light toggles.
 inline constexpr int kSettleTicks = 200;
 
-// Handles every queued notice and steps the settling objects; the caller holds gNoticeMutex.
-void lf_handleNotices();
+// Handles these notices in order, then steps the settling objects.
+void lf_handleNotices(const std::vector<SimNotice>& notices);
 void lf_onLiveCreated(LiveAc& ac, const SimNotice& notice);
 void lf_onGroundAtCreation(LiveAc& ac);
 void lf_onObjectRemoved(std::uint32_t objectid);

@@ -2,6 +2,7 @@
 
 #include "engine/engine_tables.h"
 #include "engine/new_aircraft.h"
+#include "engine/traffic_queue.h"
 #include "refdata/model_categories.h"
 #include "refdata/registrations.h"
 #include "refdata/wingspans.h"
@@ -45,12 +46,9 @@ void lf_decodeMsg(TrafficMsg&& msg) {
 }
 
 void lf_takeTrafficMessages() {
-  std::lock_guard lock(gTrafficMutex);
-  for (int n = 0; n < 2 && !gTrafficQueue.empty(); ++n) {
-    TrafficMsg msg = std::move(gTrafficQueue.front());
-    gTrafficQueue.pop_front();
-    lf_decodeMsg(std::move(msg));
-  }
+  TrafficMsg taken[2];
+  const std::size_t n = gTrafficQueue.take(2, taken);
+  for (std::size_t i = 0; i < n; ++i) lf_decodeMsg(std::move(taken[i]));
 }
 
 }  // namespace orv

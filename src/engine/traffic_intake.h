@@ -5,7 +5,7 @@
 
 namespace orv {
 
-// Takes at most two messages of gTrafficQueue, under gTrafficMutex: at most 200 a second.
+// Takes at most two messages of gTrafficQueue: at most 200 a second.
 void lf_takeTrafficMessages();
 // One message: a new hexid becomes a record in "buffer"; a known one gains a sample.
 void lf_decodeMsg(TrafficMsg&& msg);

@@ -11,7 +11,7 @@
 
 #include "feed/traffic_decoder.h"
 #include "foundation/log.h"
-#include "foundation/run_state.h"
+#include "feed/rt_link.h"
 #include "ui/window_state.h"
 
 namespace orv {

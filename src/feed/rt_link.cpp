@@ -11,7 +11,6 @@
 #include "foundation/message_area.h"
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
 #include "foundation/time_text.h"
 #include "platform/net/socket_error.h"
 #include "ui/window_state.h"

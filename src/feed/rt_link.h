@@ -18,6 +18,8 @@ inline constexpr int kRtReceiveSize = 16384;
 inline std::atomic<net::Socket> gv_rtListenSocket{net::kNoSocket};
 inline std::atomic<net::Socket> gv_rtClientSocket{net::kNoSocket};
 inline std::atomic<bool> gv_rtConnected{false};
+// RealTraffic is installed on this computer; found at start-up, before the readers start.
+inline bool gv_rtOnThisPc = false;
 
 // Opens the listening socket; throws std::runtime_error with the text of the step that failed,
 // having closed what it had opened. Port "0" takes a free port (tests ask localPort).

@@ -9,7 +9,6 @@
 #include "foundation/log.h"
 #include "foundation/message_area.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
 #include "foundation/time_text.h"
 #include "ui/window_state.h"
 

@@ -8,7 +8,8 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "engine/engine_tables.h"
+#include "engine/engine_tick.h"
+#include "engine/traffic_queue.h"
 #include "engine/geodesy.h"
 #include "foundation/log.h"
 #include "foundation/parameters.h"
@@ -206,16 +207,13 @@ void TrafficDecoder::processLineSub() {
     if (s.tas == -1.0) s.tas = estimatedTas(alt);
 
     s.stopped = 0;
-    s.tick = gv_tick + 3000;  // a report is shown 30 seconds after it arrives
+    // A report is shown 30 seconds after it arrives; a tick that is one step old does no harm.
+    s.tick = gv_tick.load(std::memory_order_relaxed) + 3000;
     msg.timestamp = lastTimestamp_;
     msg.ident.cs.assign(cs);
     msg.ident.reg.assign(reg);
 
-    std::lock_guard lock(gTrafficMutex);
-    if (gv_feedEnabled) {
-      gTrafficQueue.push_back(std::move(msg));
-      ++queued_;
-    }
+    if (gTrafficQueue.post(std::move(msg))) ++queued_;
   } catch (const std::exception& e) {
     ++failed_;
     gf_log("exception in processLineSub: {}", e.what());

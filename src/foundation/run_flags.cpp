@@ -18,6 +18,13 @@ void requestStop(ExitReason reason, std::int32_t seconds) {
   gv_restartSeconds = seconds;
 }
 
+void gf_resetRunFlags() {
+  gv_stopRun = false;
+  gv_userClosing = false;
+  gv_exitReason = ExitReason::NotYetSet;
+  gv_restartSeconds = 0;
+}
+
 void gf_setUserClosedIfUnset() {
   ExitReason expected = ExitReason::NotYetSet;
   gv_exitReason.compare_exchange_strong(expected, ExitReason::UserClosedSim);

@@ -37,4 +37,7 @@ void requestStop(ExitReason reason, std::int32_t seconds);
 // The close paths: USER CLOSED SIM only when no reason is there yet.
 void gf_setUserClosedIfUnset();
 
+// At the reset of a run: not stopping, no reason, no countdown.
+void gf_resetRunFlags();
+
 }  // namespace orv

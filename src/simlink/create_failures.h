@@ -4,7 +4,7 @@
 #include <set>
 #include <string>
 
-#include "engine/engine_requests.h"
+#include "engine/live_aircraft.h"
 
 namespace orv {
 
@@ -13,5 +13,8 @@ inline std::set<std::string, std::less<>> gFailedTitles;
 inline std::set<std::string, std::less<>> gFailedTitleInfo;
 
 inline constexpr std::size_t kMaxFailedTitles = 20;
+
+// A creation the simulator refused; throws error 81 at the 20th refused title.
+void gf_reportCreateFailed(const AcRecord& ac);
 
 }  // namespace orv

@@ -7,7 +7,6 @@
 #include <system_error>
 
 #include "engine/ac_text.h"
-#include "engine/engine_tables.h"
 #include "foundation/log.h"
 #include "foundation/sim_choice.h"
 #include "foundation/user_paths.h"

@@ -5,9 +5,12 @@
 #include <string>
 
 #include "engine/live_aircraft.h"
-#include "engine/engine_requests.h"
 
 namespace orv {
+
+// The plan of a live aircraft with a known origin and destination, and its removal.
+void gf_setFlightPlan(LiveAc& ac);
+void gf_removeFlightPlan(LiveAc& ac);
 
 // Creates the folder with its parents; true when it is there afterwards.
 bool gf_createFlightPlanFolder();

@@ -1,13 +1,10 @@
-// The engine's fixed-rate requests about AI objects: the aircraft within range and the
-// static data of a new object.
-#include "engine/engine_requests.h"
+#include "simlink/object_requests.h"
 
 #include <mutex>
 
-#include "engine/engine_tables.h"
 #include "foundation/log.h"
 #include "foundation/parameters.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "platform/simconnect/simconnect.h"
 #include "simlink/sim_ids.h"
 #include "simlink/sim_session.h"

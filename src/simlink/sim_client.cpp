@@ -7,12 +7,11 @@
 #include <string>
 #include <thread>
 
-#include "engine/engine_tables.h"
 #include "foundation/log.h"
 #include "foundation/message_area.h"
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "foundation/sim_choice.h"
 #include "foundation/time_text.h"
 #include "foundation/user_error.h"

@@ -8,16 +8,16 @@
 #include <mutex>
 #include <string>
 
-#include "engine/engine_tables.h"
 #include "foundation/log.h"
 #include "foundation/message_area.h"
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "foundation/sim_choice.h"
 #include "foundation/user_error.h"
 #include "simlink/sim_ids.h"
 #include "simlink/sim_queues.h"
+#include "simlink/sim_outbox.h"
 #include "simlink/sim_session.h"
 #include "simlink/user_aircraft.h"
 #include "simlink/user_model.h"
@@ -98,7 +98,7 @@ void lf_onObjectAddRemove(const SIMCONNECT_RECV_EVENT_OBJECT_ADDREMOVE& event) {
   if (event.uEventID == kEvObjectAdded) {
     if (gf_isAiObject(objectid)) gAddedObjects.push_back(objectid);
   } else if (event.uEventID == kEvObjectRemoved) {
-    gf_postNotice(SimNotice{objectid, 0, 2, 0, 0});
+    gf_postNotice(SimNotice{objectid, 0, kObjectRemoved, 0, 0});
   }
 }
 
@@ -107,7 +107,7 @@ void lf_onObjectData(const SIMCONNECT_RECV_SIMOBJECT_DATA& record, DWORD size) {
   switch (record.dwRequestID) {
     case kReqStaticData: {
       const auto s = lf_blockAs<StaticDataBlock>(block);
-      gf_postNotice(SimNotice{record.dwObjectID, 0, 4, s.cgToGround, s.staticPitch});
+      gf_postNotice(SimNotice{record.dwObjectID, 0, kStaticData, s.cgToGround, s.staticPitch});
       break;
     }
     case kReqUserTitle:
@@ -131,8 +131,9 @@ void lf_onObjectData(const SIMCONNECT_RECV_SIMOBJECT_DATA& record, DWORD size) {
 void lf_holdStill(std::uint32_t objectid) {
   std::lock_guard lock(gSimMutex);
   if (!gv_simRequestFailed.load()) SimConnect_AIReleaseControl(gv_simHandle, objectid, kReqRelease);
-  for (std::uint32_t e : {kEvFreezeLatLon, kEvFreezeAltitude, kEvFreezeAttitude})
-    gEventOut.push_back(EventOut{objectid, e, 1});
+  const EventOut freeze[] = {{objectid, kEvFreezeLatLon, 1}, {objectid, kEvFreezeAltitude, 1},
+                             {objectid, kEvFreezeAttitude, 1}};
+  gEventOut.post(std::begin(freeze), std::end(freeze));
 }
 
 }  // namespace
@@ -187,7 +188,7 @@ void lf_onException(const SIMCONNECT_RECV_EXCEPTION& exception) {
       const std::uint32_t hexid = it->hexid;
       *it = std::move(gPendingCreates.back());
       gPendingCreates.pop_back();
-      gf_postNotice(SimNotice{0, hexid, 6, 0, 0});
+      gf_postNotice(SimNotice{0, hexid, kCreateFailed, 0, 0});
       break;
     }
     case SIMCONNECT_EXCEPTION_LOAD_FLIGHTPLAN_FAILED:
@@ -212,7 +213,7 @@ void lf_onAircraftInRange(const SIMCONNECT_RECV_SIMOBJECT_DATA& record, DWORD si
   if (added == gAddedObjects.end()) {
     // An established object: only its ground data matter, and only near the ground.
     if (block.agl > 2500.0 || atcId.empty() || atcId.ends_with('*')) return;
-    gf_postNotice(SimNotice{objectid, static_cast<std::uint32_t>(block.onGround != 0), 3, block.groundAlt, block.agl});
+    gf_postNotice(SimNotice{objectid, static_cast<std::uint32_t>(block.onGround != 0), kGroundData, block.groundAlt, block.agl});
     return;
   }
   *added = gAddedObjects.back();
@@ -241,9 +242,9 @@ void lf_onAircraftInRange(const SIMCONNECT_RECV_SIMOBJECT_DATA& record, DWORD si
 
   lf_holdStill(objectid);
   if (hexid <= kLastStaticHexid)
-    gf_postNotice(SimNotice{objectid, hexid, 1, 0, 0});
+    gf_postNotice(SimNotice{objectid, hexid, kParkedCreated, 0, 0});
   else
-    gf_postNotice(SimNotice{objectid, hexid, 0, block.agl, 0});
+    gf_postNotice(SimNotice{objectid, hexid, kLiveCreated, block.agl, 0});
 }
 
 void CALLBACK lf_dispatch(SIMCONNECT_RECV* record, DWORD size, void*) {

@@ -1,13 +1,13 @@
 #include "simlink/sim_events.h"
 
-#include <initializer_list>
+#include <array>
 #include <mutex>
 
-#include "engine/engine_tables.h"
 #include "foundation/log.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "platform/simconnect/simconnect.h"
 #include "simlink/sim_ids.h"
+#include "simlink/sim_outbox.h"
 #include "simlink/sim_session.h"
 
 namespace orv {
@@ -18,9 +18,12 @@ struct QueuedEvent {
   std::uint32_t value;
 };
 
-void lf_queue(std::uint32_t objectid, std::initializer_list<QueuedEvent> events) {
-  std::lock_guard lock(gSimMutex);
-  for (const QueuedEvent& e : events) gEventOut.push_back(EventOut{objectid, e.eventId, e.value});
+// The events of one call are queued together, so that none of another thread's come between.
+template <std::size_t N>
+void lf_queue(std::uint32_t objectid, const QueuedEvent (&events)[N]) {
+  std::array<EventOut, N> out;
+  for (std::size_t i = 0; i < N; ++i) out[i] = EventOut{objectid, events[i].eventId, events[i].value};
+  gEventOut.post(out.begin(), out.end());
 }
 
 std::uint32_t onOff(bool on) { return on ? 1u : 0u; }

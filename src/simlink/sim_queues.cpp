@@ -2,12 +2,12 @@
 
 #include <mutex>
 #include <string>
+#include <vector>
 
-#include "engine/engine_tables.h"
-#include "engine/engine_requests.h"
+#include "engine/position_exchange.h"
 #include "foundation/log.h"
 #include "foundation/message_area.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "foundation/time_text.h"
 #include "platform/simconnect/simconnect.h"
 #include "simlink/sim_ids.h"
@@ -69,24 +69,32 @@ void lf_removeObject(std::uint32_t objectid) {
   }
 }
 
-void lf_clearAll() {
-  gPositionOut.client.clear();
-  gEventOut.clear();
-  gCreateOut.clear();
-  gRemoveOut.clear();
+// The SimClient thread's own copies of the queues, swapped in at each frame.
+struct FrameWork {
+  std::vector<PositionOut> positions;
+  std::vector<EventOut> events;
+  std::vector<AddRequest> creates;
+  std::vector<std::uint32_t> removes;
+};
+FrameWork gFrame;
+
+void lf_takeFrameWork() {
+  gPositionOut.take(gFrame.positions);
+  gEventOut.takeAll(gFrame.events);
+  gCreateOut.takeAll(gFrame.creates);
+  gRemoveOut.takeAll(gFrame.removes);
 }
 
 }  // namespace
 
 void gf_reserveSimQueues() {
-  std::lock_guard lock(gSimMutex);
   gCreateOut.reserve(256);
   gRemoveOut.reserve(256);
   gEventOut.reserve(256);
 }
 
 void gf_clearSimQueues() {
-  std::lock_guard lock(gSimMutex);
+  gEventOut.clear();
   gCreateOut.clear();
   gRemoveOut.clear();
 }
@@ -94,40 +102,24 @@ void gf_clearSimQueues() {
 void lf_sendToSim() {
   std::unique_lock lock(gSimMutex, std::try_to_lock);
   if (!lock.owns_lock()) return;
-  if (gv_simRequestFailed.load()) {
-    lf_clearAll();
-    return;
-  }
+  lf_takeFrameWork();
+  if (gv_simRequestFailed.load()) return;
   // Objects at or below the user's id are never touched, whatever the engine asked.
-  for (const PositionOut& p : gPositionOut.client)
+  for (const PositionOut& p : gFrame.positions)
     if (gf_isAiObject(p.objectid)) lf_writePosition(p);
-  gPositionOut.client.clear();
-  for (const EventOut& e : gEventOut)
+  for (const EventOut& e : gFrame.events)
     if (gf_isAiObject(e.objectid)) lf_transmitEvent(e);
-  gEventOut.clear();
   // A failed create or remove ends all requests; what is left in the queue is dropped.
-  for (const AddRequest& r : gCreateOut)
+  for (const AddRequest& r : gFrame.creates)
     if (!gv_simRequestFailed.load()) lf_createObject(r);
-  gCreateOut.clear();
-  for (std::uint32_t objectid : gRemoveOut)
+  for (std::uint32_t objectid : gFrame.removes)
     if (!gv_simRequestFailed.load()) lf_removeObject(objectid);
-  gRemoveOut.clear();
 }
 
-void lf_discardPendingPositions() {
-  std::lock_guard lock(gSimMutex);
-  gPositionOut.engine.clear();
-  gPositionOut.client.clear();
-}
+void lf_discardPendingPositions() { gPositionOut.clear(); }
 
-void simQueueCreate(const AddRequest& request) {
-  std::lock_guard lock(gSimMutex);
-  gCreateOut.push_back(request);
-}
+void simQueueCreate(const AddRequest& request) { gCreateOut.post(request); }
 
-void simQueueRemove(std::uint32_t objectid) {
-  std::lock_guard lock(gSimMutex);
-  gRemoveOut.push_back(objectid);
-}
+void simQueueRemove(std::uint32_t objectid) { gRemoveOut.post(objectid); }
 
 }  // namespace orv

@@ -2,11 +2,11 @@
 
 #include <mutex>
 
-#include "engine/engine_tables.h"
+#include "engine/sim_notice_queue.h"
 #include "foundation/log.h"
 #include "foundation/message_area.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "simlink/sim_dispatch.h"
 #include "simlink/sim_queues.h"
 #include "simlink/user_aircraft.h"
@@ -16,8 +16,7 @@
 namespace orv {
 
 void gf_postNotice(const SimNotice& notice) {
-  std::lock_guard lock(gNoticeMutex);
-  gSimNotices.push_back(notice);
+  gSimNotices.post(notice);
 }
 
 bool gf_simSessionOpen() {
@@ -32,6 +31,9 @@ void lf_simRequestError() {
 }
 
 void gf_resetSimLink() {
+  gv_simRunning = false;
+  gv_simRequestFailed = false;
+  gv_secondTick = false;
   gv_userObjectId = 2;
   gf_clearSimQueues();
   gf_clearUserAircraft();

@@ -5,6 +5,7 @@
 // program: notices to the engine and the end of all requests after a failure.
 #include <atomic>
 #include <cstdint>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,11 @@
 #include "platform/simconnect/simconnect.h"
 
 namespace orv {
+
+// gSimMutex: every SimConnect call, and the handle. The hand-overs' mutexes (traffic, notices,
+// positions, the client's queues) are leaves and the log's is innermost of all, so only those
+// are ever locked inside it, and no order between two of the program's locks arises.
+inline std::mutex gSimMutex;
 
 // The open session, empty when there is none. Written by the SimClient thread under
 // gSimMutex; other threads use it only under gSimMutex.
@@ -36,15 +42,15 @@ struct PendingCreate {
 inline std::vector<std::uint32_t> gAddedObjects;  // ObjectAdded, not yet seen in a by-type block
 inline std::vector<PendingCreate> gPendingCreates;
 
-// Hands a notice to the engine, under gNoticeMutex.
+// Hands a notice to the engine.
 void gf_postNotice(const SimNotice& notice);
 
 // A request of the session failed: shown and logged, no further requests in this run, and
 // the run ends with SIMCONNECT ERROR (restart after 9 seconds).
 void lf_simRequestError();
 
-// Everything of the simulator link that belongs to one run, back to its start: the user
-// object id, the command queues, the user aircraft's data, title and stand.
+// Everything of the simulator link that belongs to one run, back to its start: its flags, the
+// user object id, the command queues, the user aircraft's data, title and stand.
 void gf_resetSimLink();
 
 }  // namespace orv

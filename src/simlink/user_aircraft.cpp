@@ -2,11 +2,9 @@
 
 #include <mutex>
 
-#include "engine/engine_tables.h"
-#include "engine/engine_requests.h"
 #include "foundation/log.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "foundation/time_text.h"
 #include "platform/simconnect/simconnect.h"
 #include "simlink/sim_ids.h"

@@ -46,6 +46,8 @@ inline bool gf_userPositionKnown(const UserBlock& b) { return gf_userPositionKno
 // Asks for the user position and returns what the previous request brought. Nothing is
 // asked once a request has failed in this run.
 UserBlock lf_requestUserPosition();
+// Run thread, every 100 ticks: the snapshot takes what the last request brought.
+void lf_refreshUserSnapshot();
 // Asks once for the title and the model; the replies go to user_model.
 void lf_requestUserTitleAndModel();
 // Starts the per-second ground/air block; false (logged, run ended) when refused.

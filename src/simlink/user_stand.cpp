@@ -2,8 +2,8 @@
 
 #include <mutex>
 
-#include "engine/engine_tables.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_session.h"
+#include "simlink/sim_run_state.h"
 #include "simlink/user_aircraft.h"
 #include "ui/window_state.h"
 

@@ -7,6 +7,7 @@
 #include <map>
 #include <mutex>
 
+#include "parking/parking_run_state.h"
 #include "foundation/log.h"
 #include "foundation/parameter_store.h"
 #include "foundation/parameters.h"

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "parking/parking_run_state.h"
 #include "foundation/parameters.h"
 #include "foundation/program_info.h"
 #include "ui/controls.h"

@@ -9,7 +9,6 @@
 #include <string>
 #include <string_view>
 
-#include "foundation/run_state.h"
 #include "platform/window/window_layer.h"
 
 namespace orv {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 
 namespace orv {
 namespace {

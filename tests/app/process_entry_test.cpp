@@ -1,3 +1,5 @@
+#include "simlink/sim_session.h"
+#include "engine/engine_tick.h"
 #include "app/process_entry.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +15,7 @@
 #include "feed/feed_readers.h"
 #include "feed/traffic_decoder.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "foundation/user_paths.h"
 #include "platform/desktop/desktop.h"
 #include "platform/window/window_layer.h"

@@ -4,9 +4,11 @@
 
 #include "engine/engine_step.h"
 #include "engine/engine_tables.h"
+#include "engine/engine_tick.h"
 #include "engine/new_aircraft.h"
 #include "engine/object_id_list.h"
 #include "engine/traffic_intake.h"
+#include "engine/traffic_queue.h"
 #include "foundation/parameters.h"
 #include "foundation/sim_choice.h"
 #include "refdata/code_tables.h"
@@ -102,14 +104,12 @@ TEST_F(LiveTables, EraseByMovingTheLastAndStableCompaction) {
 }
 
 TEST_F(LiveTables, TheEngineTakesTwoMessagesATickIntoBufferRecords) {
-  {
-    std::lock_guard lock(gTrafficMutex);
-    gTrafficQueue.push_back(message(30001, "BAW1", "B77W", 100));
-    gTrafficQueue.push_back(message(30002, "AFR2", "A320", 100));
-    gTrafficQueue.push_back(message(30001, "BAW1", "B77W", 105));
-    gTrafficQueue.push_back(message(30003, "AFR2", "A320", 106));  // the same aircraft under another address
-    gTrafficQueue.push_back(message(30004, "AFR2", "A321", 106));
-  }
+  gTrafficQueue.setEnabled(true);
+  gTrafficQueue.post(message(30001, "BAW1", "B77W", 100));
+  gTrafficQueue.post(message(30002, "AFR2", "A320", 100));
+  gTrafficQueue.post(message(30001, "BAW1", "B77W", 105));
+  gTrafficQueue.post(message(30003, "AFR2", "A320", 106));  // the same aircraft under another address
+  gTrafficQueue.post(message(30004, "AFR2", "A321", 106));
   lf_handleAddingStack();
   EXPECT_EQ(gv_tick, 1);
   ASSERT_EQ(gLiveAc.size(), 2u);
@@ -123,10 +123,7 @@ TEST_F(LiveTables, TheEngineTakesTwoMessagesATickIntoBufferRecords) {
   ASSERT_EQ(gLiveAc.size(), 3u);
   EXPECT_EQ(gLiveAc[2].hexid, 30004u);
   gLiveAc[2].simState = kRemovingFromSim;
-  {
-    std::lock_guard lock(gTrafficMutex);
-    gTrafficQueue.push_back(message(30004, "AFR2", "A321", 120));
-  }
+  gTrafficQueue.post(message(30004, "AFR2", "A321", 120));
   lf_handleAddingStack();
   EXPECT_EQ(gLiveAc[2].stream.size(), 1u) << "an aircraft on its way out takes no samples";
 }

@@ -9,12 +9,12 @@
 #include <string>
 #include <thread>
 
+#include "engine/traffic_queue.h"
 #include "engine/engine_tables.h"
 #include "feed/feed_readers.h"
 #include "feed/rt_link.h"
 #include "foundation/message_area.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
 #include "foundation/time_text.h"
 #include "platform/net/socket_layer.h"
 #include "simlink/user_aircraft.h"
@@ -83,8 +83,7 @@ class FeedTest : public testing::Test {
     gf_clearEngineTables();
     gf_resetMessageArea();
     lf_resetStatusBand();
-    std::lock_guard lock(gTrafficMutex);
-    gv_feedEnabled = false;
+    gTrafficQueue.setEnabled(false);
   }
   void TearDown() override { SetUp(); }
   LogCapture log;

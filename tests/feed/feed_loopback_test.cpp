@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "engine/traffic_queue.h"
 #include "feed/feed_status.h"
 #include "feed/rt_position.h"
 #include "feed_fixture.h"
@@ -30,10 +31,7 @@ TEST_F(FeedLoopback, RealTrafficConnectsAndARecordingReachesTheDecoding) {
 
   RANGE.set(40);
   gTrafficDecoder.setUserPosition(gUserSnapshot.lat, gUserSnapshot.lon);
-  {
-    std::lock_guard lock(gTrafficMutex);
-    gv_feedEnabled = true;
-  }
+  gTrafficQueue.setEnabled(true);
   gTrafficReader.boundPort = gQnhReader.boundPort = 0;
   lf_startQnhReader(0);
   lf_startTrafficReader(true, 0);
@@ -55,7 +53,6 @@ TEST_F(FeedLoopback, RealTrafficConnectsAndARecordingReachesTheDecoding) {
   }
   ASSERT_TRUE(test::eventually([&] { return gTrafficReader.count.load() == traffic && gQnhReader.count.load() == weather; }));
   EXPECT_EQ(traffic, 701);
-  std::lock_guard lock(gTrafficMutex);
   EXPECT_GT(gTrafficQueue.size(), 500u);
   EXPECT_LT(gTrafficQueue.size(), 701u) << "vehicles and aircraft on the ground are dropped";
   EXPECT_EQ(gv_feedTimestamp.load() / 1000, 1718020) << "a time of the recording";

@@ -1,3 +1,5 @@
+#include "engine/traffic_queue.h"
+#include "engine/engine_tick.h"
 #include "feed/traffic_decoder.h"
 
 #include <gtest/gtest.h>
@@ -33,29 +35,25 @@ class TrafficDecoding : public testing::Test {
  protected:
   void SetUp() override {
     gf_clearEngineTables();
-    {
-      std::lock_guard lock(gTrafficMutex);
-      gv_feedEnabled = true;
-    }
+    gTrafficQueue.setEnabled(true);
     RANGE.set(40);
     AIRBORNE_ONLY.set(false);
     decoder.setUserPosition(50.0, 8.5);
     gv_tick = 100;
   }
   void TearDown() override {
-    std::lock_guard lock(gTrafficMutex);
-    gv_feedEnabled = false;
+    gTrafficQueue.setEnabled(false);
     gTrafficQueue.clear();
   }
 
   // The message a line became, or nothing when it was dropped.
   std::optional<TrafficMsg> decode(const std::string& line) {
     decoder.processLine(line);
-    std::lock_guard lock(gTrafficMutex);
-    if (gTrafficQueue.empty()) return std::nullopt;
-    TrafficMsg m = gTrafficQueue.back();
-    gTrafficQueue.clear();
-    return m;
+    const std::size_t queued = gTrafficQueue.size();
+    if (queued == 0) return std::nullopt;
+    std::vector<TrafficMsg> all(queued);
+    gTrafficQueue.take(queued, all.data());
+    return std::move(all.back());
   }
   std::optional<TrafficMsg> decode(const std::map<int, std::string>& changes) { return decode(reportLine(changes)); }
 
@@ -229,10 +227,7 @@ TEST_F(TrafficDecoding, SpeedEstimatesHeadingsAndRoll) {
 }
 
 TEST_F(TrafficDecoding, NothingIsQueuedWhileTheFeedIsDisabledAndCallsignsAreCollected) {
-  {
-    std::lock_guard lock(gTrafficMutex);
-    gv_feedEnabled = false;
-  }
+  gTrafficQueue.setEnabled(false);
   EXPECT_FALSE(decode(reportLine()));
   EXPECT_EQ(decoder.queuedCount(), 0u);
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <fstream>
 
+#include "engine/engine_tick.h"
 #include "engine/aircraft_removal.h"
 #include "engine/engine_step.h"
 #include "engine/engine_tables.h"

@@ -2,10 +2,11 @@
 
 #include <mutex>
 
-#include "engine/engine_requests.h"
+#include "simlink/object_requests.h"
+#include "simlink/sim_outbox.h"
+#include "engine/position_exchange.h"
 #include "engine/engine_tables.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
 #include "simlink/sim_events.h"
 #include "simlink/sim_queues.h"
 #include "simlink/sim_session.h"
@@ -16,8 +17,8 @@ namespace orv::test {
 namespace {
 
 void queuePosition(std::uint32_t objectid, double lat) {
-  std::lock_guard lock(gSimMutex);
-  gPositionOut.client.push_back(PositionOut{lat, 8.58, 0, 0, 1.0, 3000, 0, 250, objectid});
+  gPositionOut.engine().push_back(PositionOut{lat, 8.58, 0, 0, 1.0, 3000, 0, 250, objectid});
+  gPositionOut.handOver();
 }
 
 TEST_F(SimLinkTest, OwnAircraftAreRecognisedHeldStillMovedAndRemoved) {
@@ -139,9 +140,9 @@ TEST_F(SimLinkTest, FlapsEventsAreBracketedByReleaseCallsAndSentOnlyOnAChange) {
   ac.acClass = kRotorcraft;
   gf_setFlaps(ac, 1);
   for (int index : {3, 3, 5}) gf_setThrottle(ac, index);
-  std::lock_guard lock(gSimMutex);
-  ASSERT_EQ(gEventOut.size(), 1u) << "no flaps on a rotorcraft; a throttle index once, and only below 5";
-  EXPECT_EQ(gEventOut[0].value, kThrottleValues[3]);
+  const std::vector<EventOut> events = gEventOut.takeAll();
+  ASSERT_EQ(events.size(), 1u) << "no flaps on a rotorcraft; a throttle index once, and only below 5";
+  EXPECT_EQ(events[0].value, kThrottleValues[3]);
 }
 
 TEST_F(SimLinkTest, AfterAFailedRequestEveryQueueIsEmptiedAtEachFrameAndNothingIsSent) {
@@ -163,8 +164,7 @@ TEST_F(SimLinkTest, AfterAFailedRequestEveryQueueIsEmptiedAtEachFrameAndNothingI
     simQueueCreate(AddRequest{50.04, 8.57, 2000, 0, 0, 250, 0, 0, "DLH402", "Airbus A320 Lufthansa", 4000002});
     simQueueRemove(live);
     frames();
-    std::lock_guard lock(gSimMutex);
-    EXPECT_TRUE(gPositionOut.client.empty() && gEventOut.empty() && gCreateOut.empty() && gRemoveOut.empty());
+    EXPECT_TRUE(gPositionOut.handedOver() == 0 && gEventOut.empty() && gCreateOut.empty() && gRemoveOut.empty());
   }
   lf_requestUserPosition();
   lf_requestAircraftInRange();

@@ -6,7 +6,7 @@
 #include "foundation/message_area.h"
 #include "foundation/parameters.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "foundation/sim_choice.h"
 #include "simlink/sim_client.h"
 #include "simlink/sim_session.h"

@@ -1,3 +1,6 @@
+#include "simlink/sim_queues.h"
+#include "simlink/object_requests.h"
+#include "engine/sim_notice_queue.h"
 #include "simlink_fixture.h"
 
 #include <fmt/format.h>
@@ -5,15 +8,15 @@
 #include <mutex>
 #include <thread>
 
-#include "engine/engine_requests.h"
 #include "engine/engine_tables.h"
 #include "foundation/message_area.h"
 #include "foundation/parameter_store.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "foundation/sim_choice.h"
 #include "foundation/time_text.h"
 #include "simlink/sim_client.h"
+#include "simlink/sim_port_binding.h"
 #include "simlink/sim_session.h"
 
 namespace orv::test {
@@ -38,6 +41,7 @@ void resetRun() {
   gf_resetSimLink();
   gAddedObjects.clear();
   gPendingCreates.clear();
+  gf_bindSimLink();
 }
 
 void SimLinkTest::SetUp() {
@@ -89,8 +93,7 @@ std::uint32_t SimLinkTest::createOwn(std::uint32_t hexid, const std::string& cal
 }
 
 std::vector<SimNotice> SimLinkTest::takeNotices() {
-  std::lock_guard lock(gNoticeMutex);
-  return std::exchange(gSimNotices, {});
+  return gSimNotices.takeAll();
 }
 
 bool SimLinkTest::waitForStop() {

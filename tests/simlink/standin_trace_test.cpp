@@ -3,6 +3,7 @@
 #include <mutex>
 #include <sstream>
 
+#include "engine/position_exchange.h"
 #include "engine/engine_tables.h"
 #include "simlink/standin_launch.h"
 #include "simlink_fixture.h"
@@ -16,10 +17,9 @@ TEST_F(SimLinkTest, TheTraceShowsOurAircraftWhereThePositionWritesPutIt) {
   const auto file = work / "trace.csv";
   standin::startTrace(file, 1);
   for (int step = 1; step <= 3; ++step) {
-    {
-      std::lock_guard lock(gSimMutex);
-      gPositionOut.client.push_back(PositionOut{50.04 + step * 0.001, 8.57, 0, 0, 1.5, 3000.0 + step * 10, 0, 250, live});
-    }
+    gPositionOut.engine().push_back(
+        PositionOut{50.04 + step * 0.001, 8.57, 0, 0, 1.5, 3000.0 + step * 10, 0, 250, live});
+    gPositionOut.handOver();
     frames();
   }
   frames();  // a frame's line shows the object before the client's writes of that frame

@@ -6,7 +6,7 @@
 #include "engine/engine_tables.h"
 #include "engine/geodesy.h"
 #include "foundation/run_flags.h"
-#include "foundation/run_state.h"
+#include "simlink/sim_run_state.h"
 #include "foundation/time_text.h"
 #include "simlink/sim_session.h"
 #include "simlink/user_aircraft.h"

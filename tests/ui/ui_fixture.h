@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "parking/parking_run_state.h"
 #include "foundation/parameters.h"
 #include "foundation/user_paths.h"
 #include "platform/window/headless_window.h"

@@ -1,5 +1,13 @@
+// The engine's life cycle as the simulator link turns it into events, creations and removals:
+// the engine step with the simulator link's port bound, without the client thread.
 #include <gtest/gtest.h>
 
+#include "simlink/sim_port_binding.h"
+#include "simlink/sim_queues.h"
+#include "simlink/sim_outbox.h"
+#include "engine/sim_notice_queue.h"
+#include "engine/position_exchange.h"
+#include "engine/engine_tick.h"
 #include "engine/aircraft_removal.h"
 #include "engine/engine_step.h"
 #include "engine/engine_tables.h"
@@ -16,7 +24,9 @@ constexpr double kDeg = 1.0 / 57.29577951308232;
 class LifeCycle : public testing::Test {
  protected:
   void SetUp() override {
+    gf_bindSimLink();
     gf_clearEngineTables();
+    gf_clearSimQueues();
     gv_tick = 1;
   }
   void TearDown() override { gf_clearEngineTables(); }
@@ -40,16 +50,12 @@ class LifeCycle : public testing::Test {
     return ac;
   }
   void notice(SimNotice n) {
-    std::lock_guard lock(gNoticeMutex);
-    gSimNotices.push_back(n);
+    gSimNotices.post(n);
   }
   void steps(int n) {
     for (int i = 0; i < n; ++i) lf_handleAddingStack();
   }
-  std::vector<EventOut> events() {
-    std::lock_guard lock(gSimMutex);
-    return std::exchange(gEventOut, {});
-  }
+  std::vector<EventOut> events() { return gEventOut.takeAll(); }
 };
 
 TEST_F(LifeCycle, RemovalWhileTheRequestStillWaitsSendsNothing) {
@@ -84,9 +90,10 @@ TEST_F(LifeCycle, ACreatedObjectSettlesThenShowsTheLightsOfItsSituation) {
   EXPECT_EQ(got, (std::vector<std::pair<std::uint32_t, std::uint32_t>>{
                      {220, 0}, {218, 0}, {207, 1}, {206, 1}, {210, 1}, {208, 0}, {209, 1}, {212, 1}, {211, 1}}));
   steps(1);
-  std::lock_guard lock(gSimMutex);
-  ASSERT_EQ(gPositionOut.client.size(), 1u) << "an active aircraft sends its position every step";
-  EXPECT_EQ(gPositionOut.client[0].objectid, 7u);
+  std::vector<PositionOut> sent;
+  gPositionOut.take(sent);
+  ASSERT_EQ(sent.size(), 1u) << "an active aircraft sends its position every step";
+  EXPECT_EQ(sent[0].objectid, 7u);
 }
 
 TEST_F(LifeCycle, OnTheGroundTheTaxiLightFollowsTheFlightState) {

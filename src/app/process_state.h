@@ -1,0 +1,14 @@
+#pragma once
+// What the program keeps across the runs of one process; no reset of a run touches it.
+#include <atomic>
+#include <cstdint>
+
+namespace orv {
+
+inline std::atomic<bool> gv_restarting{false};  // this process has been through a restart
+inline std::atomic<std::int32_t> gv_exitCode{0};  // handed to the message loop's quit
+inline bool gv_production = false;     // a batch run: prepare data, then leave
+inline bool gv_dataFilesRead = false;  // reference data read in this process
+inline unsigned gv_workerThreads = 2;  // threads a scan may use
+
+}  // namespace orv
