@@ -47,6 +47,10 @@ class AppDataOverride {
   bool hadPrevious_ = false;
 };
 
+// The resets of the run state of the subsystems that a test binary links, called before every
+// test. Each test folder defines it in its run_state_fixture.cpp.
+void resetRunState();
+
 std::string readFile(const std::filesystem::path& file);
 void writeFile(const std::filesystem::path& file, std::string_view bytes);
 

@@ -1,0 +1,20 @@
+// The run state that this folder's tests start from.
+#include "test_support.h"
+
+#include "engine/engine_tables.h"
+#include "foundation/run_flags.h"
+#include "simlink/create_failures.h"
+#include "simlink/sim_session.h"
+
+namespace orv::test {
+
+void resetRunState() {
+  gf_resetRunFlags();
+  gf_resetEngine();
+  gf_resetSimLink();
+  // Refused titles are kept for the life of a process; each test is a process of its own.
+  gFailedTitles.clear();
+  gFailedTitleInfo.clear();
+}
+
+}  // namespace orv::test

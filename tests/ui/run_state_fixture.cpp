@@ -1,0 +1,19 @@
+// The run state that this folder's tests start from.
+#include "test_support.h"
+
+#include "foundation/run_flags.h"
+#include "parking/parking_run_state.h"
+#include "ui/run_requests.h"
+#include "ui/window_state.h"
+
+namespace orv::test {
+
+void resetRunState() {
+  gf_resetRunFlags();
+  lf_resetParkingRunState();
+  lf_resetRunRequests();
+  lf_resetStatusBand();
+  lf_clearParkAirportBand();
+}
+
+}  // namespace orv::test
