@@ -6,7 +6,8 @@
 #include <string>
 #include <thread>
 
-#include "app/pending_stages.h"
+#include "liveries/livery_matching.h"
+#include "parking/parking_adjustments.h"
 #include "simlink/flight_plans.h"
 #include "simlink/sim_client.h"
 #include "app/run_stage.h"

@@ -5,7 +5,12 @@
 #include <mutex>
 #include <thread>
 
-#include "app/pending_stages.h"
+#include "engine/stand_contention.h"
+#include "liveries/livery_matching.h"
+#include "parking/park_airports.h"
+#include "parking/parking_adjustments.h"
+#include "parking/static_parking.h"
+#include "ui/callsign_list.h"
 #include "simlink/sim_queues.h"
 #include "app/run.h"
 #include "app/run_stage.h"

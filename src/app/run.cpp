@@ -5,7 +5,8 @@
 #include <mutex>
 #include <thread>
 
-#include "app/pending_stages.h"
+#include "airportscan/airport_scan.h"
+#include "parking/park_airports.h"
 #include "simlink/sim_client.h"
 #include "simlink/sim_queues.h"
 #include "app/run_stage.h"

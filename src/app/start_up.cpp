@@ -7,7 +7,12 @@
 
 #include "app/closing_down.h"
 #include "app/main_loop.h"
-#include "app/pending_stages.h"
+#include "airportdata/airport_catalogue.h"
+#include "liveries/livery_catalogue.h"
+#include "liveries/livery_scan.h"
+#include "parking/park_airports.h"
+#include "refdata/versions_download.h"
+#include "simlink/install_detection.h"
 #include "simlink/flight_plans.h"
 #include "app/run.h"
 #include "app/run_stage.h"
