@@ -6,10 +6,8 @@
 #include <string>
 #include <thread>
 
-#include "app/pending_stages.h"
-#include "simlink/flight_plans.h"
-#include "simlink/sim_client.h"
 #include "app/main_loop.h"
+#include "app/process_state.h"
 #include "app/run_stage.h"
 #include "engine/engine_tables.h"
 #include "engine/traffic_queue.h"
@@ -21,13 +19,16 @@
 #include "foundation/parameters.h"
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
-#include "simlink/sim_run_state.h"
-#include "app/process_state.h"
-#include "parking/parking_run_state.h"
-#include "ui/run_requests.h"
 #include "foundation/time_text.h"
+#include "liveries/livery_matching.h"
+#include "parking/parking_adjustments.h"
+#include "parking/parking_run_state.h"
 #include "platform/window/window_layer.h"
+#include "simlink/flight_plans.h"
+#include "simlink/sim_client.h"
+#include "simlink/sim_run_state.h"
 #include "simlink/sim_session.h"
+#include "ui/run_requests.h"
 #include "ui/window_state.h"
 
 namespace orv {

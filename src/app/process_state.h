@@ -11,4 +11,13 @@ inline bool gv_production = false;     // a batch run: prepare data, then leave
 inline bool gv_dataFilesRead = false;  // reference data read in this process
 inline unsigned gv_workerThreads = 2;  // threads a scan may use
 
+// The state of a process that has not run yet; for tests that run many processes in one.
+inline void lf_resetProcessState() {
+  gv_restarting = false;
+  gv_exitCode = 0;
+  gv_production = false;
+  gv_dataFilesRead = false;
+  gv_workerThreads = 2;
+}
+
 }  // namespace orv

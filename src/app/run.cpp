@@ -5,14 +5,11 @@
 #include <mutex>
 #include <thread>
 
-#include "app/pending_stages.h"
-#include "simlink/sim_client.h"
-#include "simlink/sim_queues.h"
+#include "airportscan/airport_scan.h"
 #include "app/run_stage.h"
 #include "engine/engine_hooks.h"
 #include "engine/engine_tables.h"
 #include "engine/traffic_queue.h"
-#include "simlink/sim_port_binding.h"
 #include "feed/feed_readers.h"
 #include "feed/rt_link.h"
 #include "feed/rt_position.h"
@@ -21,8 +18,13 @@
 #include "foundation/log.h"
 #include "foundation/parameters.h"
 #include "foundation/run_flags.h"
-#include "simlink/sim_run_state.h"
 #include "foundation/time_text.h"
+#include "parking/park_airports.h"
+#include "parking/static_placement.h"
+#include "simlink/sim_client.h"
+#include "simlink/sim_port_binding.h"
+#include "simlink/sim_queues.h"
+#include "simlink/sim_run_state.h"
 #include "simlink/sim_session.h"
 #include "simlink/user_aircraft.h"
 #include "ui/controls.h"
@@ -69,6 +71,7 @@ bool lf_run() {
   gf_reserveSimQueues();
   gf_bindSimLink();
   gv_feedPositionStep = lf_sendPosition;
+  gv_placeNextStatic = lf_placeNextStatic;
   gv_simRequestFailed = false;
   gv_runStage = RunStage::WaitingForSim;
   lf_startSimClient();

@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <thread>
 
+#include "airportdata/airport_catalogue.h"
 #include "app/closing_down.h"
 #include "app/main_loop.h"
-#include "app/pending_stages.h"
-#include "simlink/flight_plans.h"
+#include "app/process_state.h"
 #include "app/run.h"
 #include "app/run_stage.h"
 #include "app/working_folder.h"
@@ -21,13 +21,18 @@
 #include "foundation/parameters.h"
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
-#include "app/process_state.h"
 #include "foundation/sim_choice.h"
 #include "foundation/user_error.h"
 #include "foundation/user_paths.h"
 #include "foundation/version_upgrade.h"
+#include "liveries/livery_catalogue.h"
+#include "liveries/livery_scan.h"
+#include "parking/park_airports.h"
 #include "platform/window/window_layer.h"
 #include "refdata/dbase_reader.h"
+#include "refdata/versions_download.h"
+#include "simlink/flight_plans.h"
+#include "simlink/install_detection.h"
 #include "ui/controls.h"
 #include "ui/window_state.h"
 

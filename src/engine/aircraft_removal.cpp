@@ -4,7 +4,7 @@
 
 #include "engine/engine_hooks.h"
 #include "engine/engine_tables.h"
-#include "engine/pending_engine.h"
+#include "engine/stand_contention.h"
 #include "foundation/log.h"
 
 namespace orv {

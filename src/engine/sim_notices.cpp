@@ -2,11 +2,12 @@
 
 #include <fmt/format.h>
 
+#include "airportdata/stands.h"
 #include "engine/aircraft_removal.h"
 #include "engine/arrival.h"
 #include "engine/engine_tables.h"
-#include "engine/pending_engine.h"
 #include "engine/sim_port.h"
+#include "engine/stand_contention.h"
 #include "foundation/day_and_slot.h"
 #include "foundation/log.h"
 #include "foundation/parameters.h"

@@ -2,10 +2,15 @@
 #include "test_support.h"
 
 #include "app/closing_down.h"
+#include "app/process_state.h"
+#include "foundation/message_area.h"
 
 namespace orv::test {
 
 void resetRunState() {
+  // A process starts with an empty message area; a run keeps its error on display.
+  gf_resetMessageArea();
+  lf_resetProcessState();
   lf_resetRunState();
 }
 

@@ -2,6 +2,7 @@
 #include "test_support.h"
 
 #include "engine/engine_tables.h"
+#include "foundation/message_area.h"
 #include "foundation/run_flags.h"
 #include "simlink/create_failures.h"
 #include "simlink/sim_session.h"
@@ -9,6 +10,8 @@
 namespace orv::test {
 
 void resetRunState() {
+  // A process starts with an empty message area; a run keeps its error on display.
+  gf_resetMessageArea();
   gf_resetRunFlags();
   gf_resetEngine();
   gf_resetSimLink();

@@ -1,6 +1,7 @@
 // The run state that this folder's tests start from.
 #include "test_support.h"
 
+#include "foundation/message_area.h"
 #include "foundation/run_flags.h"
 #include "parking/parking_run_state.h"
 #include "ui/run_requests.h"
@@ -9,6 +10,8 @@
 namespace orv::test {
 
 void resetRunState() {
+  // A process starts with an empty message area; a run keeps its error on display.
+  gf_resetMessageArea();
   gf_resetRunFlags();
   lf_resetParkingRunState();
   lf_resetRunRequests();

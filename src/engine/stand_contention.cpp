@@ -1,0 +1,18 @@
+// Not built yet: no aircraft contends for a stand, so none is removed and no flight looked up.
+#include "engine/stand_contention.h"
+
+namespace orv {
+
+void lf_lookUpFlight(std::uint32_t) {}
+void lf_dropStaticTwin(std::uint32_t) {}
+void lf_collisionUserGnd() {}
+void lf_collisionUserAir() {}
+void lf_collisionLiveParked() {}
+void lf_removeLiveByCallsign(const char*) {}
+void lf_removeStaticTwinOfLive() {}
+void lf_removeFromReservedStand() {}
+
+void lf_clearLiveAtStand(std::int32_t) {}
+void lf_onLiveParksAtStand(LiveAc&) {}
+
+}  // namespace orv

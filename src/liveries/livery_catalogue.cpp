@@ -1,0 +1,8 @@
+// Not built yet: the catalogue stays empty.
+#include "liveries/livery_catalogue.h"
+
+namespace orv {
+
+void lf_processScannedLiveries() {}
+
+}  // namespace orv
