@@ -20,10 +20,10 @@
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
 #include "foundation/run_state.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "platform/window/window_layer.h"
 #include "simlink/sim_session.h"
-#include "ui/window_state.h"
 
 namespace orv {
 
@@ -101,7 +101,7 @@ void lf_closingDown() {
     saveString(DESTINATION);
     BLOCK_CALLSIGN.set("");
     saveString(BLOCK_CALLSIGN);
-    gWindowState.tbloRequest.show(false);
+    gParkingStatus.tbloRequest.show(false);
     gGhostList.clear();
     gf_writeMatchingSummary();
     lf_writeNoMatchList();

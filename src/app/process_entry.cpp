@@ -25,6 +25,7 @@
 #include "simlink/sim_client.h"
 #include "simlink/standin_launch.h"
 #include "ui/controls.h"
+#include "ui/window_hooks.h"
 #include "ui/window_position.h"
 
 namespace fs = std::filesystem;
@@ -119,6 +120,8 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
   gv_exitCode = 0;
   HeadlessWindow window;
   gf_setWindow(&window);
+  // Before any thread that publishes to the window starts.
+  lf_connectWindowHooks();
   lf_readWindowPosition();
   lf_createControls();
   gv_production = production;

@@ -20,11 +20,11 @@
 #include "foundation/parameters.h"
 #include "foundation/run_flags.h"
 #include "foundation/run_state.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "simlink/sim_session.h"
 #include "simlink/user_aircraft.h"
 #include "ui/controls.h"
-#include "ui/window_state.h"
 
 namespace orv {
 
@@ -61,8 +61,8 @@ bool lf_waitForUserAircraft() {
 }
 
 bool lf_run() {
-  gWindowState.rtConnected.show(false);
-  gWindowState.simConnected.show(false);
+  gFeedStatus.rtConnected.show(false);
+  gSimStatus.connected.show(false);
   gf_reserveEngineTables();
   gf_reserveSimQueues();
   gv_feedPositionStep = lf_sendPosition;
@@ -74,8 +74,8 @@ bool lf_run() {
   lf_enableControl(SCAN_AIRPORTS.controlId, true);
   if (SCAN_AIRPORTS.value) {
     gv_runStage = RunStage::ScanningAirports;
-    gWindowState.simAddonCount.store(0);
-    gWindowState.thirdPartyCount.store(0);
+    gScanStatus.simAddonAirports.store(0);
+    gScanStatus.thirdPartyAirports.store(0);
     lf_scanAirports();
   }
   if (AUTO_RANGE.value) computeAutoRange();
@@ -83,11 +83,11 @@ bool lf_run() {
   if (rtLink)
     lf_openRtServer(PORT_NUMBER.value);
   else
-    gWindowState.rtConnected.show(true);
+    gFeedStatus.rtConnected.show(true);
   if (gf_stopping()) return false;
 
   gv_runStage = RunStage::WaitingForRealTraffic;
-  gWindowState.rtWaiting.show(false);
+  gFeedStatus.rtWaiting.show(false);
   if (!AEROWINX.value) {
     waitForClient();
     if (gv_rtProf.load()) lf_sendSimTime(gv_simEpoch.load());

@@ -23,13 +23,13 @@
 #include "foundation/run_flags.h"
 #include "foundation/run_state.h"
 #include "foundation/sim_choice.h"
+#include "foundation/status_values.h"
 #include "foundation/user_error.h"
 #include "foundation/user_paths.h"
 #include "foundation/version_upgrade.h"
 #include "platform/window/window_layer.h"
 #include "refdata/dbase_reader.h"
 #include "ui/controls.h"
-#include "ui/window_state.h"
 
 namespace fs = std::filesystem;
 
@@ -60,8 +60,8 @@ void lf_dropCommunityTail() {
 }
 
 void lf_countAddonAirports() {
-  gWindowState.simAddonCount.show(static_cast<unsigned>(gf_countEntries("airports/my_simaddon")));
-  gWindowState.thirdPartyCount.show(static_cast<unsigned>(gf_countEntries("airports/my_thirdparty")));
+  gScanStatus.simAddonAirports.show(static_cast<unsigned>(gf_countEntries("airports/my_simaddon")));
+  gScanStatus.thirdPartyAirports.show(static_cast<unsigned>(gf_countEntries("airports/my_thirdparty")));
 }
 
 }  // namespace

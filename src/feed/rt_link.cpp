@@ -12,9 +12,9 @@
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
 #include "foundation/run_state.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "platform/net/socket_error.h"
-#include "ui/window_state.h"
 
 namespace orv {
 namespace {
@@ -83,7 +83,7 @@ void waitForClient() {
   if (lf_acceptRt()) {
     sendDataPacket(kVersionRequest);
     lf_processRTVersion(lf_receiveRt());
-    gWindowState.rtConnected.show(true);
+    gFeedStatus.rtConnected.show(true);
     gf_log("RealTraffic connected");
   }
   clearMessage();

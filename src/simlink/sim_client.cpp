@@ -14,6 +14,7 @@
 #include "foundation/run_flags.h"
 #include "foundation/run_state.h"
 #include "foundation/sim_choice.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "foundation/user_error.h"
 #include "platform/desktop/desktop.h"
@@ -23,7 +24,6 @@
 #include "simlink/sim_session.h"
 #include "simlink/simulator_switch.h"
 #include "simlink/user_stand.h"
-#include "ui/window_state.h"
 
 namespace orv {
 namespace {
@@ -119,7 +119,7 @@ void lf_simClient(std::stop_token stop) {
   }
   if (fineTimer) desktop::endTimerResolution();
   lf_rememberUserStand();
-  gWindowState.simConnected.show(false);
+  gSimStatus.connected.show(false);
   lf_publishHandle(nullptr);
   lf_closeSession(handle);
 }

@@ -15,11 +15,11 @@
 #include "foundation/message_area.h"
 #include "foundation/run_flags.h"
 #include "foundation/run_state.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "platform/net/socket_layer.h"
 #include "simlink/user_aircraft.h"
 #include "test_support.h"
-#include "ui/window_state.h"
 
 namespace orv::test {
 

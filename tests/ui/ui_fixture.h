@@ -6,10 +6,12 @@
 #include <filesystem>
 
 #include "foundation/parameters.h"
+#include "foundation/run_state.h"
+#include "foundation/status_values.h"
 #include "foundation/user_paths.h"
 #include "platform/window/headless_window.h"
 #include "test_support.h"
-#include "ui/window_state.h"
+#include "ui/window_hooks.h"
 
 namespace orv::test {
 
@@ -29,16 +31,17 @@ inline void resetParametersToDefaults() {
 inline void resetWindowState() {
   lf_resetStatusBand();
   lf_clearParkAirportBand();
-  gWindowState.minutesToUpdate.store(20);
-  gWindowState.parkingPossible.store(false);
-  gWindowState.tbloRequest.store(false);
-  gWindowState.objectIdText.store({});
+  gParkingStatus.minutesToUpdate.store(20);
+  gParkingStatus.parkingPossible.store(false);
+  gParkingStatus.tbloRequest.store(false);
+  gParkingStatus.objectIdText.store({});
   gv_staticUpdateRunning.store(false);
 }
 
 class UiTest : public ::testing::Test {
  protected:
   void SetUp() override {
+    lf_connectWindowHooks();
     resetParametersToDefaults();
     resetWindowState();
     std::filesystem::create_directories(gf_userFolder());
