@@ -23,6 +23,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/window/headless_window.h"
 #include "simlink/sim_client.h"
+#include "simlink/simulator_switch.h"
 #include "simlink/standin_launch.h"
 #include "ui/controls.h"
 #include "ui/window_hooks.h"
@@ -122,6 +123,7 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
   gf_setWindow(&window);
   // Before any thread that publishes to the window starts.
   lf_connectWindowHooks();
+  lf_setSwitchDisplayHook(lf_postSimulatorSwitchDisplay);
   lf_readWindowPosition();
   lf_createControls();
   gv_production = production;

@@ -2,6 +2,7 @@
 
 #include "foundation/message_area.h"
 #include "foundation/parameter_store.h"
+#include "foundation/parameters.h"
 #include "ui/controls.h"
 
 namespace orv {
@@ -16,6 +17,14 @@ static_assert(kSameBand<ShownBand::Title, Band::Title> && kSameBand<ShownBand::S
 
 void repaint(ShownBand band) { gf_window().invalidate(lf_windowBand(band)); }
 void paintMessage() { gf_window().post(WM_PAINT_MESSAGE); }
+
+void showSimulatorSwitch() {
+  // The values were set by the switch before it posted this; the controls follow them.
+  gf_window().setChecked(SCAN_AIRPORTS.controlId, SCAN_AIRPORTS.value);
+  gf_window().setChecked(SCAN_LIVERIES.controlId, SCAN_LIVERIES.value);
+  lf_setControlText(ALL_INSTALL_PATH.controlId, ALL_INSTALL_PATH.value);
+  lf_fillCombo(SIM_CHOICE);
+}
 }  // namespace
 
 Band lf_windowBand(ShownBand band) { return static_cast<Band>(band); }
@@ -25,5 +34,7 @@ void lf_connectWindowHooks() {
   gf_setMessagePaintHook(paintMessage);
   gf_setParameterDisplayHook(lf_showParameterValues);
 }
+
+void lf_postSimulatorSwitchDisplay() { gf_window().postTask(showSimulatorSwitch); }
 
 }  // namespace orv

@@ -14,4 +14,9 @@ Band lf_windowBand(ShownBand band);
 // start-up, before any thread that publishes starts.
 void lf_connectWindowHooks();
 
+// The simulator switch on the controls: both scan boxes ticked, the install path cleared, and
+// SIM_CHOICE refilled with its value. Posted to the window's thread, as the switch is found on
+// the SimClient thread, which must not move controls.
+void lf_postSimulatorSwitchDisplay();
+
 }  // namespace orv
