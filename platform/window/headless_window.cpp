@@ -104,7 +104,17 @@ bool HeadlessWindow::setTopmost(bool topmost) {
 bool HeadlessWindow::post(std::uint32_t message) {
   {
     std::lock_guard lock(mutex_);
-    queue_.push_back({message, false, 0});
+    queue_.push_back({{message, false, 0}, {}});
+  }
+  queued_.notify_one();
+  return true;
+}
+
+bool HeadlessWindow::postTask(std::function<void()> task) {
+  if (!task) return false;
+  {
+    std::lock_guard lock(mutex_);
+    queue_.push_back({{}, std::move(task)});
   }
   queued_.notify_one();
   return true;
@@ -113,17 +123,23 @@ bool HeadlessWindow::post(std::uint32_t message) {
 void HeadlessWindow::postQuit(int exitCode) {
   {
     std::lock_guard lock(mutex_);
-    queue_.push_back({0, true, exitCode});
+    queue_.push_back({{0, true, exitCode}, {}});
   }
   queued_.notify_one();
 }
 
 WindowMessage HeadlessWindow::waitMessage() {
   std::unique_lock lock(mutex_);
-  queued_.wait(lock, [this] { return !queue_.empty(); });
-  WindowMessage m = queue_.front();
-  queue_.pop_front();
-  return m;
+  for (;;) {
+    queued_.wait(lock, [this] { return !queue_.empty(); });
+    Entry e = std::move(queue_.front());
+    queue_.pop_front();
+    if (!e.task) return e.message;
+    // Unlocked, so that the task may use the window and post again.
+    lock.unlock();
+    e.task();
+    lock.lock();
+  }
 }
 
 std::optional<HeadlessControl> HeadlessWindow::control(std::uint16_t id) const {
@@ -155,7 +171,7 @@ bool HeadlessWindow::topmost() const {
 
 std::size_t HeadlessWindow::pending() const {
   std::lock_guard lock(mutex_);
-  return queue_.size();
+  return static_cast<std::size_t>(std::count_if(queue_.begin(), queue_.end(), [](const Entry& e) { return !e.task; }));
 }
 
 }  // namespace orv

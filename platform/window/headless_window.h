@@ -36,6 +36,8 @@ class HeadlessWindow final : public WindowLayer {
   bool setTopmost(bool topmost) override;
 
   bool post(std::uint32_t message) override;
+  // The task runs inside waitMessage(), on the thread that serves the queue.
+  bool postTask(std::function<void()> task) override;
   void postQuit(int exitCode) override;
   WindowMessage waitMessage() override;
 
@@ -45,7 +47,7 @@ class HeadlessWindow final : public WindowLayer {
   void setWorkAreas(std::vector<Rect> monitors);
   Rect windowRect() const;
   bool topmost() const;
-  // Messages posted and not yet taken.
+  // Messages posted and not yet taken; tasks do not count, waitMessage() runs them on its way.
   std::size_t pending() const;
 
  private:
@@ -56,7 +58,12 @@ class HeadlessWindow final : public WindowLayer {
   std::vector<Rect> monitors_{Rect{0, 0, 1920, 1040}};
   Rect window_{0, 0, kWindowWidth, kWindowHeight};
   bool topmost_ = false;
-  std::deque<WindowMessage> queue_;
+  // A message, or a task when `task` is set.
+  struct Entry {
+    WindowMessage message;
+    std::function<void()> task;
+  };
+  std::deque<Entry> queue_;
 };
 
 }  // namespace orv

@@ -2,6 +2,7 @@
 // The operations the logic needs from the main window. A backend (headless here,
 // a real window elsewhere) implements them; the logic never knows which one runs.
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -64,8 +65,11 @@ class WindowLayer {
   virtual bool moveWindow(int x, int y) = 0;
   virtual bool setTopmost(bool topmost) = 0;
 
-  // Main thread queue. post() may be called from any thread.
+  // Main thread queue. post() and postTask() may be called from any thread.
   virtual bool post(std::uint32_t message) = 0;
+  // Runs a task on the window's thread, in turn with the posted messages: controls belong to
+  // that thread, so other threads hand their control work over this way. False for an empty task.
+  virtual bool postTask(std::function<void()> task) = 0;
   virtual void postQuit(int exitCode) = 0;
   virtual WindowMessage waitMessage() = 0;
 };

@@ -19,6 +19,7 @@
 #include "foundation/parameters.h"
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "liveries/livery_matching.h"
 #include "parking/parking_adjustments.h"
@@ -29,7 +30,6 @@
 #include "simlink/sim_run_state.h"
 #include "simlink/sim_session.h"
 #include "ui/run_requests.h"
-#include "ui/window_state.h"
 
 namespace orv {
 
@@ -88,7 +88,7 @@ void lf_closingDown() {
     saveString(DESTINATION);
     BLOCK_CALLSIGN.set("");
     saveString(BLOCK_CALLSIGN);
-    gWindowState.tbloRequest.show(false);
+    gParkingStatus.tbloRequest.show(false);
     gGhostList.clear();
     gf_writeMatchingSummary();
     lf_writeNoMatchList();

@@ -23,6 +23,7 @@
 #include "foundation/parameters.h"
 #include "foundation/run_flags.h"
 #include "foundation/sim_choice.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "liveries/livery_matching.h"
 #include "parking/park_airports.h"
@@ -36,7 +37,6 @@
 #include "ui/callsign_list.h"
 #include "ui/controls.h"
 #include "ui/run_requests.h"
-#include "ui/window_state.h"
 
 namespace orv {
 
@@ -206,10 +206,10 @@ void lf_everySecond() {
   if (gv_reqShowObjectId.load()) {
     const int i = lf_findLiveInSimByCallsign(CALLSIGN_2_OBJECTID.value);
     if (i < 0) {
-      gWindowState.objectIdText.show("has left");
+      gParkingStatus.objectIdText.show("has left");
     } else {
       const std::uint32_t id = gLiveAc[static_cast<std::size_t>(i)].objectid;
-      gWindowState.objectIdText.show(gv_isMsfs2020 ? fmt::format("= {}", id) : fmt::format("= {:x}", id));
+      gParkingStatus.objectIdText.show(gv_isMsfs2020 ? fmt::format("= {}", id) : fmt::format("= {:x}", id));
     }
     gv_reqShowObjectId = false;
   }
@@ -222,7 +222,7 @@ void lf_everySecond() {
     }
   }
   if (gv_reqCallsignToOid.exchange(false)) {
-    gWindowState.objectIdText.show("");
+    gParkingStatus.objectIdText.show("");
     lf_fillCallsignList();
     gv_reqShowObjectId = true;
   }
@@ -244,14 +244,14 @@ void lf_every30Seconds() {
   if (gv_reqRematch.exchange(false)) lf_clearNoMatch();
   if (AUTO_RANGE.value) computeAutoRange();
   if (gv_seconds % 60 == 0) {
-    int minutes = gWindowState.minutesToUpdate.load() - 1;
+    int minutes = gParkingStatus.minutesToUpdate.load() - 1;
     if (minutes < 1) {
       minutes = 20;
       if (lf_parkingPossible() && !INITIAL_LOAD_ONLY.value && !gv_staticUpdateRunning.load() &&
           !gv_staticUpdatePending.load())
         lf_announceStaticUpdate();
     }
-    gWindowState.minutesToUpdate.show(minutes);
+    gParkingStatus.minutesToUpdate.show(minutes);
     if (OBJECTID_LIST.value) gf_writeObjectIdList();
   }
   if (gv_seconds % 1200 == 0) {

@@ -23,8 +23,10 @@
 #include "platform/desktop/desktop.h"
 #include "platform/window/headless_window.h"
 #include "simlink/sim_client.h"
+#include "simlink/simulator_switch.h"
 #include "simlink/standin_launch.h"
 #include "ui/controls.h"
+#include "ui/window_hooks.h"
 #include "ui/window_position.h"
 
 namespace fs = std::filesystem;
@@ -119,6 +121,9 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
   gv_exitCode = 0;
   HeadlessWindow window;
   gf_setWindow(&window);
+  // Before any thread that publishes to the window starts.
+  lf_connectWindowHooks();
+  lf_setSwitchDisplayHook(lf_postSimulatorSwitchDisplay);
   lf_readWindowPosition();
   lf_createControls();
   gv_production = production;

@@ -18,6 +18,7 @@
 #include "foundation/log.h"
 #include "foundation/parameters.h"
 #include "foundation/run_flags.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "parking/park_airports.h"
 #include "parking/static_placement.h"
@@ -28,7 +29,6 @@
 #include "simlink/sim_session.h"
 #include "simlink/user_aircraft.h"
 #include "ui/controls.h"
-#include "ui/window_state.h"
 
 namespace orv {
 
@@ -65,8 +65,8 @@ bool lf_waitForUserAircraft() {
 }
 
 bool lf_run() {
-  gWindowState.rtConnected.show(false);
-  gWindowState.simConnected.show(false);
+  gFeedStatus.rtConnected.show(false);
+  gSimStatus.connected.show(false);
   gf_reserveEngineTables();
   gf_reserveSimQueues();
   gf_bindSimLink();
@@ -80,8 +80,8 @@ bool lf_run() {
   lf_enableControl(SCAN_AIRPORTS.controlId, true);
   if (SCAN_AIRPORTS.value) {
     gv_runStage = RunStage::ScanningAirports;
-    gWindowState.simAddonCount.store(0);
-    gWindowState.thirdPartyCount.store(0);
+    gScanStatus.simAddonAirports.store(0);
+    gScanStatus.thirdPartyAirports.store(0);
     lf_scanAirports();
   }
   if (AUTO_RANGE.value) computeAutoRange();
@@ -89,11 +89,11 @@ bool lf_run() {
   if (rtLink)
     lf_openRtServer(PORT_NUMBER.value);
   else
-    gWindowState.rtConnected.show(true);
+    gFeedStatus.rtConnected.show(true);
   if (gf_stopping()) return false;
 
   gv_runStage = RunStage::WaitingForRealTraffic;
-  gWindowState.rtWaiting.show(false);
+  gFeedStatus.rtWaiting.show(false);
   if (!AEROWINX.value) {
     waitForClient();
     if (gv_rtProf.load()) lf_sendSimTime(gv_simEpoch.load());

@@ -22,6 +22,7 @@
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
 #include "foundation/sim_choice.h"
+#include "foundation/status_values.h"
 #include "foundation/user_error.h"
 #include "foundation/user_paths.h"
 #include "foundation/version_upgrade.h"
@@ -34,7 +35,6 @@
 #include "simlink/flight_plans.h"
 #include "simlink/install_detection.h"
 #include "ui/controls.h"
-#include "ui/window_state.h"
 
 namespace fs = std::filesystem;
 
@@ -65,8 +65,8 @@ void lf_dropCommunityTail() {
 }
 
 void lf_countAddonAirports() {
-  gWindowState.simAddonCount.show(static_cast<unsigned>(gf_countEntries("airports/my_simaddon")));
-  gWindowState.thirdPartyCount.show(static_cast<unsigned>(gf_countEntries("airports/my_thirdparty")));
+  gScanStatus.simAddonAirports.show(static_cast<unsigned>(gf_countEntries("airports/my_simaddon")));
+  gScanStatus.thirdPartyAirports.show(static_cast<unsigned>(gf_countEntries("airports/my_thirdparty")));
 }
 
 }  // namespace

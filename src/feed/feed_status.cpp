@@ -4,7 +4,7 @@
 
 #include "feed/qnh_reader.h"
 #include "feed/traffic_reader.h"
-#include "ui/window_state.h"
+#include "foundation/status_values.h"
 
 namespace orv {
 namespace {
@@ -35,13 +35,13 @@ void lf_look(const UdpReader& reader, ReaderLook& look, Status& status) {
 }  // namespace
 
 void lf_feedStatus() {
-  if (!gWindowState.rtConnected.load()) return;
-  lf_look(gTrafficReader, gTrafficLook, gWindowState.trafficStatus);
-  lf_look(gQnhReader, gQnhLook, gWindowState.weatherStatus);
+  if (!gFeedStatus.rtConnected.load()) return;
+  lf_look(gTrafficReader, gTrafficLook, gFeedStatus.traffic);
+  lf_look(gQnhReader, gQnhLook, gFeedStatus.weather);
 }
 
 bool lf_feedDataLost() {
-  return gWindowState.trafficStatus.load() == kFeedQuiet || gWindowState.weatherStatus.load() == kFeedQuiet;
+  return gFeedStatus.traffic.load() == kFeedQuiet || gFeedStatus.weather.load() == kFeedQuiet;
 }
 
 void lf_resetFeedStatus() {

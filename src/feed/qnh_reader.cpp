@@ -9,10 +9,10 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
+#include "feed/rt_link.h"
 #include "feed/traffic_decoder.h"
 #include "foundation/log.h"
-#include "feed/rt_link.h"
-#include "ui/window_state.h"
+#include "foundation/status_values.h"
 
 namespace orv {
 namespace {
@@ -52,7 +52,7 @@ bool lf_readQnh(const nlohmann::json& j, std::string_view line, std::int64_t& v)
   return true;
 }
 
-void lf_showWeatherStatus(int status) { gWindowState.weatherStatus.show(status); }
+void lf_showWeatherStatus(int status) { gFeedStatus.weather.show(status); }
 
 }  // namespace
 
@@ -69,8 +69,8 @@ void QnhReader::processDatagram() {
     lastQnh = qnh;
     gTrafficDecoder.qnh = qnh;
     gv_qnh = qnh;
-    gWindowState.qnhShown.show(qnh);
-    if (gWindowState.weatherStatus.load() == kFeedQuiet) gWindowState.weatherStatus.show(kFeedFlowing);
+    gFeedStatus.qnh.show(qnh);
+    if (gFeedStatus.weather.load() == kFeedQuiet) gFeedStatus.weather.show(kFeedFlowing);
   } catch (const std::exception& e) {
     gf_log("Exception {}, in {}", e.what(), line);
   }

@@ -11,9 +11,9 @@
 #include "foundation/message_area.h"
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "platform/net/socket_error.h"
-#include "ui/window_state.h"
 
 namespace orv {
 namespace {
@@ -82,7 +82,7 @@ void waitForClient() {
   if (lf_acceptRt()) {
     sendDataPacket(kVersionRequest);
     lf_processRTVersion(lf_receiveRt());
-    gWindowState.rtConnected.show(true);
+    gFeedStatus.rtConnected.show(true);
     gf_log("RealTraffic connected");
   }
   clearMessage();

@@ -9,8 +9,8 @@
 #include "foundation/log.h"
 #include "foundation/message_area.h"
 #include "foundation/run_flags.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
-#include "ui/window_state.h"
 
 namespace orv {
 namespace {
@@ -43,14 +43,14 @@ void lf_sendPosition() {
     // Blocks the run thread, and the engine with it, until RealTraffic comes back; the
     // position goes at the next turn.
     if (!lf_acceptRt()) return;
-    gWindowState.rtConnected.show(true);
+    gFeedStatus.rtConnected.show(true);
     setMessage(fmt::format("{} RealTraffic re-connected", gf_timeOfDay()), true);
     clearMessage();
     return;
   }
   if (sendDataPacket(gf_positionMessage(gUserSnapshot))) return;
 
-  gWindowState.rtConnected.show(false);
+  gFeedStatus.rtConnected.show(false);
   if (!gv_userClosing.load()) lf_removeAllLive();
   lf_resetFeed();
   setMessage(fmt::format("{} RealTraffic gone? Wait for RealTraffic to re-connect ...", gf_timeOfDay()), true);

@@ -7,8 +7,8 @@
 
 #include "foundation/log.h"
 #include "foundation/message_area.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
-#include "ui/window_state.h"
 
 namespace orv {
 
@@ -23,13 +23,13 @@ void lf_processRTVersion(std::string_view reply) {
     j = nlohmann::json::parse(reply);
   } catch (const std::exception& e) {
     gv_rtProf = false;
-    gWindowState.rtEditionText.show("");
+    gFeedStatus.rtEdition.show("");
     gf_log("{}: JSON parse failed: {}", "lf_processRTVersion", e.what());
     return;
   }
   if (!j.is_object()) {
     gv_rtProf = false;
-    gWindowState.rtEditionText.show("");
+    gFeedStatus.rtEdition.show("");
     return;
   }
   // A missing or non-integer level is the standard edition.
@@ -38,7 +38,7 @@ void lf_processRTVersion(std::string_view reply) {
   std::string version;
   if (const auto v = j.find("version"); v != j.end()) version = v->is_string() ? v->get<std::string>() : v->dump();
   gv_rtProf = prof;
-  gWindowState.rtEditionText.show(fmt::format("RT {} edition: {}", prof ? "prof" : "stnd", version));
+  gFeedStatus.rtEdition.show(fmt::format("RT {} edition: {}", prof ? "prof" : "stnd", version));
 }
 
 }  // namespace orv

@@ -1,15 +1,15 @@
 #include "feed/traffic_reader.h"
 
 #include "foundation/log.h"
-#include "ui/window_state.h"
+#include "foundation/status_values.h"
 
 namespace orv {
 namespace {
 
 // The weather comes with the traffic: the Traffic Reader shows both.
 void lf_showBothStatuses(int status) {
-  gWindowState.trafficStatus.show(status);
-  gWindowState.weatherStatus.show(status);
+  gFeedStatus.traffic.show(status);
+  gFeedStatus.weather.show(status);
 }
 
 }  // namespace
@@ -17,7 +17,7 @@ void lf_showBothStatuses(int status) {
 void TrafficReader::processDatagram() { decoder_.processLine(line); }
 
 void TrafficReader::stopped() {
-  gWindowState.trafficStatus.show(kFeedStopped);
+  gFeedStatus.traffic.show(kFeedStopped);
   gf_log("Traffic Reader has stopped");
 }
 

@@ -7,8 +7,8 @@
 #include "foundation/log.h"
 #include "foundation/message_area.h"
 #include "foundation/run_flags.h"
+#include "foundation/status_values.h"
 #include "platform/net/socket_error.h"
-#include "ui/window_state.h"
 
 namespace orv {
 namespace {

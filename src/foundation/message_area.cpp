@@ -1,17 +1,24 @@
 #include "foundation/message_area.h"
 
 #include <algorithm>
+#include <atomic>
 #include <mutex>
 
 #include "foundation/log.h"
-#include "platform/window/window_layer.h"
 
 namespace orv {
 
 namespace {
 std::mutex gMessageMutex;
 MessageAreaText gArea;
+constinit std::atomic<MessagePaintHook> gPaintHook{nullptr};
+
+void askForPaint() {
+  if (MessagePaintHook hook = gPaintHook.load()) hook();
+}
 }  // namespace
+
+void gf_setMessagePaintHook(MessagePaintHook hook) { gPaintHook.store(hook); }
 
 void setMessage(std::string_view text, bool logIt) {
   {
@@ -22,7 +29,7 @@ void setMessage(std::string_view text, bool logIt) {
   }
   if (logIt && !text.empty()) gf_log(text);
   // Outside the mutex: a painter on the window thread must never wait for us.
-  gf_window().post(WM_PAINT_MESSAGE);
+  askForPaint();
 }
 
 void clearMessage() { setMessage({}); }
@@ -35,7 +42,7 @@ void setError(std::string_view text) {
     gArea.errorText = std::string(text);
     gf_log("Error {}", text);
   }
-  gf_window().post(WM_PAINT_MESSAGE);
+  askForPaint();
 }
 
 void gf_ageMessage() {
@@ -54,7 +61,7 @@ void gf_resetMessageArea() {
     std::lock_guard lock(gMessageMutex);
     gArea = MessageAreaText{};
   }
-  gf_window().post(WM_PAINT_MESSAGE);
+  askForPaint();
 }
 
 MessageAreaText gf_messageArea() {

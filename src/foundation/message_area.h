@@ -31,4 +31,9 @@ struct MessageAreaText {
 // A copy for the painter.
 MessageAreaText gf_messageArea();
 
+// The window's thread paints the area anew when asked. Only the program knows the window, so it
+// sets how to ask at start-up; until then a change asks nothing.
+using MessagePaintHook = void (*)();
+void gf_setMessagePaintHook(MessagePaintHook hook);
+
 }  // namespace orv

@@ -2,6 +2,7 @@
 
 #include <pugixml.hpp>
 
+#include <atomic>
 #include <cmath>
 #include <mutex>
 #include <sstream>
@@ -15,7 +16,6 @@
 #include "foundation/run_flags.h"
 #include "foundation/user_paths.h"
 #include "foundation/xml_file.h"
-#include "platform/window/window_layer.h"
 
 namespace fs = std::filesystem;
 
@@ -61,13 +61,7 @@ void forEachStored(F&& f) {
   for (auto* p : gf_editList()) f(static_cast<ValueParameter<std::string>&>(*p));
 }
 
-// The controls show what was read.
-void showValuesOnControls() {
-  WindowLayer& w = gf_window();
-  for (auto* p : gf_checkboxList()) w.setChecked(p->controlId, p->value);
-  for (auto* p : gf_comboList()) w.setText(p->controlId, std::to_string(p->value));
-  for (auto* p : gf_editList()) w.setText(p->controlId, p->value);
-}
+constinit std::atomic<ParameterDisplayHook> gDisplayHook{nullptr};
 
 bool saveDocument(pugi::xml_document& doc, const fs::path& file) {
   pugi::xml_node decl = doc.first_child();
@@ -149,7 +143,7 @@ bool gf_readParameters() {
     if (fs::exists(file, ec)) gf_save1GenerationOf(file);
     gf_log("{} not found, creating new with default values:", file.string());
     gf_writeParameters(true);
-    showValuesOnControls();
+    gf_showParameterValues();
     return true;
   }
 
@@ -168,7 +162,7 @@ bool gf_readParameters() {
     gf_logIfRunning(lineOf(parameter));
   });
   gf_setRange(RANGE.value);
-  showValuesOnControls();
+  gf_showParameterValues();
   saveDocument(doc, file);
   gf_logSectionEnd(kSection);
   return false;
@@ -215,6 +209,12 @@ void gf_setMaxFitHours(float hours) {
   MAX_FIT_FL.set(hours);
   MAX_FIT.set(static_cast<std::int32_t>(std::lround(2.0 * MAX_FIT_FL.value)) - 1);
   saveInt(MAX_FIT);
+}
+
+void gf_setParameterDisplayHook(ParameterDisplayHook hook) { gDisplayHook.store(hook); }
+
+void gf_showParameterValues() {
+  if (ParameterDisplayHook hook = gDisplayHook.load()) hook();
 }
 
 void gf_maxFitFromStored() { MAX_FIT_FL.set(static_cast<float>(MAX_FIT.value + 1) / 2.0f); }

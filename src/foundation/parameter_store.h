@@ -29,4 +29,11 @@ void gf_setRange(std::int32_t nm);
 void gf_setMaxFitHours(float hours);
 void gf_maxFitFromStored();
 
+// The controls show the stored values: after a read, and after a change made outside the
+// window. Only the program knows the controls, so it sets the hook at start-up; until then
+// nothing is shown.
+using ParameterDisplayHook = void (*)();
+void gf_setParameterDisplayHook(ParameterDisplayHook hook);
+void gf_showParameterValues();
+
 }  // namespace orv

@@ -7,7 +7,6 @@
 #include "foundation/parameters.h"
 #include "foundation/program_info.h"
 #include "foundation/user_paths.h"
-#include "platform/window/window_layer.h"
 
 namespace fs = std::filesystem;
 
@@ -21,7 +20,6 @@ constexpr VersionData kOldestConvertible{11, 0, 2};
 void askForScan(CheckboxParameter& scan) {
   scan.value = true;
   saveBool(scan);
-  gf_window().setChecked(scan.controlId, true);
 }
 }  // namespace
 
@@ -30,6 +28,7 @@ void gf_readAndUpgradeParameters() {
     // First start: nothing has been scanned yet.
     askForScan(SCAN_LIVERIES);
     askForScan(SCAN_AIRPORTS);
+    gf_showParameterValues();
     return;
   }
   if (!lf_updateVersion()) return;

@@ -13,6 +13,7 @@
 #include "foundation/run_flags.h"
 #include "simlink/sim_run_state.h"
 #include "foundation/sim_choice.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "foundation/user_error.h"
 #include "platform/desktop/desktop.h"
@@ -22,7 +23,6 @@
 #include "simlink/sim_session.h"
 #include "simlink/simulator_switch.h"
 #include "simlink/user_stand.h"
-#include "ui/window_state.h"
 
 namespace orv {
 namespace {
@@ -118,7 +118,7 @@ void lf_simClient(std::stop_token stop) {
   }
   if (fineTimer) desktop::endTimerResolution();
   lf_rememberUserStand();
-  gWindowState.simConnected.show(false);
+  gSimStatus.connected.show(false);
   lf_publishHandle(nullptr);
   lf_closeSession(handle);
 }

@@ -14,6 +14,7 @@
 #include "foundation/run_flags.h"
 #include "simlink/sim_run_state.h"
 #include "foundation/sim_choice.h"
+#include "foundation/status_values.h"
 #include "foundation/user_error.h"
 #include "simlink/sim_ids.h"
 #include "simlink/sim_queues.h"
@@ -22,7 +23,6 @@
 #include "simlink/user_aircraft.h"
 #include "simlink/user_model.h"
 #include "simlink/user_stand.h"
-#include "ui/window_state.h"
 
 namespace orv {
 namespace {
@@ -85,8 +85,8 @@ void lf_onEvent(const SIMCONNECT_RECV_EVENT& event) {
   if (event.uEventID == kEvSim) {
     const bool running = event.dwData == 1;
     gv_simRunning = running;
-    gWindowState.simRunningShown.store(running);
-    gf_window().invalidate(Band::Status);
+    gSimStatus.running.store(running);
+    gf_repaint(ShownBand::Status);
   } else if (event.uEventID == kEvFlightLoaded) {
     lf_onNewFlight(event.uEventID);
   }
@@ -144,7 +144,7 @@ void lf_onOpen(const SIMCONNECT_RECV_OPEN& open) {
     gf_log("! Simulator name empty?");
     return;
   }
-  gWindowState.simConnected.show(true);
+  gSimStatus.connected.show(true);
   std::string plain;
   for (char c : name) {
     const auto u = static_cast<unsigned char>(c);
@@ -163,7 +163,7 @@ void lf_onOpen(const SIMCONNECT_RECV_OPEN& open) {
       fmt::format("{} ({}.{}.{}.{})", is2020 ? "MSFS 2020" : "MSFS 2024", open.dwApplicationVersionMajor,
                   open.dwApplicationVersionMinor, open.dwApplicationBuildMajor, open.dwApplicationBuildMinor);
   gf_log("{} connected", text);
-  gWindowState.simName.show(text);
+  gSimStatus.name.show(text);
   clearMessage();
 }
 

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <atomic>
 #include <filesystem>
 
 #include "foundation/message_area.h"
@@ -10,23 +11,29 @@
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
 #include "foundation/sim_choice.h"
-#include "platform/window/window_layer.h"
-#include "ui/controls.h"
 
 namespace orv {
+
+namespace {
+constinit std::atomic<SwitchDisplayHook> gDisplayHook{nullptr};
+
+void showSwitch() {
+  if (SwitchDisplayHook hook = gDisplayHook.load()) hook();
+}
+}  // namespace
+
+void lf_setSwitchDisplayHook(SwitchDisplayHook hook) { gDisplayHook.store(hook); }
 
 void lf_switchSimulator() {
   // A missing catalogue is what we want; any other failure is an error of the file system.
   std::filesystem::remove("output/LiveriesScanned.xml");
   SCAN_AIRPORTS.set(true);
   saveBool(SCAN_AIRPORTS);
-  gf_window().setChecked(SCAN_AIRPORTS.controlId, true);
   SCAN_LIVERIES.set(true);
   saveBool(SCAN_LIVERIES);
-  gf_window().setChecked(SCAN_LIVERIES.controlId, true);
   setMessage(fmt::format("Switching MSFS version in {}", kProgramName), true);
   ALL_INSTALL_PATH.set("");
-  lf_setControlText(ALL_INSTALL_PATH.controlId, "");
+  showSwitch();
   // The add-on airports of MSFS 2024 are listed anew when it is chosen again.
   if (!gv_isMsfs2020) {
     MYSIMADDON24_VERSION.set("");
@@ -39,7 +46,6 @@ void lf_switchToConnectedSimulator() {
   if (gv_stopRun.load()) return;
   SIM_CHOICE.set(gv_isMsfs2020 ? "MSFS 2024" : "MSFS 2020");
   saveString(SIM_CHOICE);
-  lf_fillCombo(SIM_CHOICE);
   lf_switchSimulator();
 }
 

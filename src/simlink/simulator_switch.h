@@ -4,6 +4,12 @@
 // scans them again.
 namespace orv {
 
+// Shows a switch on the window's controls. The program sets it at start-up to a function that
+// hands that work to the window's thread: the switch is found on the SimClient thread, which
+// must not move controls. Until set, the switch shows nothing.
+using SwitchDisplayHook = void (*)();
+void lf_setSwitchDisplayHook(SwitchDisplayHook hook);
+
 // The restart for a new simulator: the livery catalogue goes, both scans are asked for,
 // the install path is cleared, and the run ends with NEW SETTINGS (3 seconds).
 void lf_switchSimulator();

@@ -7,11 +7,11 @@
 
 #include "foundation/log.h"
 #include "foundation/message_area.h"
+#include "foundation/status_values.h"
 #include "foundation/user_error.h"
 #include "refdata/code_tables.h"
 #include "refdata/model_categories.h"
 #include "refdata/wingspans.h"
-#include "ui/window_state.h"
 
 namespace orv {
 namespace {
@@ -45,14 +45,14 @@ constexpr std::array<Pair, 3> kModelsByTitle{{
 double lf_wingOf(std::string_view code) { return halfWingspan(modelIndex(code)); }
 
 void lf_setModelKnown(bool known) {
-  gWindowState.userModelKnown.store(known);
-  gf_window().invalidate(Band::Status);
+  gSimStatus.userModelKnown.store(known);
+  gf_repaint(ShownBand::Status);
 }
 
 void lf_readModel(std::string raw) {
   if (raw.empty()) {
-    gWindowState.titleText.show("Unknown (encrypted?) aircraft");
-    gf_window().invalidate(Band::Status);
+    gSimStatus.title.show("Unknown (encrypted?) aircraft");
+    gf_repaint(ShownBand::Status);
     setMessage("171: No model info from your user aircraft received in SimConnect, CRJ7 is taken instead", true);
     const double crj = lf_wingOf("CRJ7");
     gv_userHalfWingSpan = crj != 0 ? crj : maxHalfWingspan;
@@ -128,8 +128,8 @@ void lf_onUserTitle(std::string_view text) {
   }
   const std::string title(text.substr(0, kMaxTitleBytes));
   if (title == gUserTitle) return;
-  gWindowState.titleText.show(title);
-  gf_window().invalidate(Band::Status);
+  gSimStatus.title.show(title);
+  gf_repaint(ShownBand::Status);
   gUserTitle = title;
   gf_logIndented("SimConnect: User aircraft title: " + title);
 }
@@ -147,8 +147,8 @@ void lf_onUserModel(std::string raw) {
 void gf_clearUserModel() {
   gUserTitle.clear();
   gv_userHalfWingSpan = 0.0;
-  gWindowState.userModelKnown.store(false);
-  gWindowState.titleText.store("");
+  gSimStatus.userModelKnown.store(false);
+  gSimStatus.title.store("");
 }
 
 }  // namespace orv

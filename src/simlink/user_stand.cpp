@@ -2,10 +2,10 @@
 
 #include <mutex>
 
-#include "simlink/sim_session.h"
+#include "foundation/status_values.h"
 #include "simlink/sim_run_state.h"
+#include "simlink/sim_session.h"
 #include "simlink/user_aircraft.h"
-#include "ui/window_state.h"
 
 namespace orv {
 namespace {
@@ -22,7 +22,7 @@ std::string lf_findUserStandPending(LatLon) { return {}; }
 
 void lf_followUserStand(LatLon position) {
   const std::string s = lf_findUserStandPending(position);
-  if (s != gUserStand) gWindowState.standText.show(s);
+  if (s != gUserStand) gSimStatus.stand.show(s);
   gUserStand = s;
 }
 
@@ -42,7 +42,7 @@ void lf_rememberUserStand() {
 
 void gf_clearUserStand() {
   gUserStand.clear();
-  gWindowState.standText.show("");
+  gSimStatus.stand.show("");
 }
 
 }  // namespace orv

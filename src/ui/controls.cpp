@@ -7,12 +7,12 @@
 #include <map>
 #include <mutex>
 
-#include "parking/parking_run_state.h"
 #include "foundation/log.h"
 #include "foundation/parameter_store.h"
 #include "foundation/parameters.h"
 #include "foundation/sim_choice.h"
-#include "ui/window_state.h"
+#include "foundation/status_values.h"
+#include "parking/parking_run_state.h"
 
 namespace orv {
 
@@ -244,6 +244,13 @@ void lf_resetControls() {
   gf_window().invalidate(Band::Controls);
 }
 
+void lf_showParameterValues() {
+  WindowLayer& w = gf_window();
+  for (auto* p : gf_checkboxList()) w.setChecked(p->controlId, p->value);
+  for (auto* p : gf_comboList()) w.setText(p->controlId, std::to_string(p->value));
+  for (auto* p : gf_editList()) w.setText(p->controlId, p->value);
+}
+
 void lf_blockParkingControls() {
   gv_staticUpdateRunning.store(true);
   setParkingControls(false);
@@ -252,7 +259,7 @@ void lf_blockParkingControls() {
 
 void lf_unblockParkingControls() {
   gv_staticUpdateRunning.store(false);
-  gWindowState.minutesToUpdate.store(20);
+  gParkingStatus.minutesToUpdate.store(20);
   setParkingControls(true);
   gf_window().invalidate(Band::Controls);
 }

@@ -58,6 +58,10 @@ void lf_createControls();
 // gv_simGeneration from SIM_CHOICE, parking_percentage back to 30, and MAX_FIT_FL from MAX_FIT.
 void lf_resetControls();
 
+// The controls show the parameter values as they stand: check boxes ticked, combo and edit
+// boxes given their text. Foundation asks for it through its display hook after a read.
+void lf_showParameterValues();
+
 // A static update runs: the controls that steer parking are blocked until it ends.
 void lf_blockParkingControls();
 void lf_unblockParkingControls();

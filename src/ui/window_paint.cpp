@@ -2,11 +2,11 @@
 
 #include <fmt/format.h>
 
-#include "parking/parking_run_state.h"
 #include "foundation/parameters.h"
 #include "foundation/program_info.h"
+#include "foundation/status_values.h"
+#include "parking/parking_run_state.h"
 #include "ui/controls.h"
-#include "ui/window_state.h"
 
 namespace orv {
 
@@ -90,25 +90,27 @@ PaintList lf_titleBandPaint() {
 }
 
 PaintList lf_statusBandPaint() {
-  const WindowState& s = gWindowState;
+  const SimLinkStatus& sim = gSimStatus;
+  const FeedStatus& feed = gFeedStatus;
+  const ScanStatus& scans = gScanStatus;
   PaintList list;
 
-  const bool connected = s.simConnected.load();
-  const std::string title = s.titleText.load();
-  const Colour simColour = !connected                                               ? kRed
-                           : s.simRunningShown.load() && !title.empty()             ? kLime
-                                                                                    : kYellow;
+  const bool connected = sim.connected.load();
+  const std::string title = sim.title.load();
+  const Colour simColour = !connected                             ? kRed
+                           : sim.running.load() && !title.empty() ? kLime
+                                                                  : kYellow;
   fill(list, kSimBlock, simColour);
   text(list, 398, 63, kLime, "Sim");
   if (connected) {
-    const std::string stand = s.standText.load();
-    text(list, 5, 35, simColour, stand.empty() ? s.simName.load() : s.simName.load() + ", user stand " + stand);
-    text(list, 5, 63, s.userModelKnown.load() ? simColour : kYellow, title);
+    const std::string stand = sim.stand.load();
+    text(list, 5, 35, simColour, stand.empty() ? sim.name.load() : sim.name.load() + ", user stand " + stand);
+    text(list, 5, 63, sim.userModelKnown.load() ? simColour : kYellow, title);
   } else {
     text(list, 5, 35, kLime, "MSFS");
   }
 
-  const unsigned liveries = s.liveryCount.load();
+  const unsigned liveries = scans.liveries.load();
   if (liveries == 0)
     text(list, 5, 91, kRed, "# liveries: ...");
   else
@@ -119,28 +121,28 @@ PaintList lf_statusBandPaint() {
     else
       text(list, x, 91, kLime, fmt::format("{}{}", label, n));
   };
-  count(141, "# simaddon: ", s.simAddonCount.load());
-  count(278, "# thirdp: ", s.thirdPartyCount.load());
+  count(141, "# simaddon: ", scans.simAddonAirports.load());
+  count(278, "# thirdp: ", scans.thirdPartyAirports.load());
 
-  const bool rtConnected = s.rtConnected.load();
-  const int traffic = s.trafficStatus.load();
-  const int weather = s.weatherStatus.load();
+  const bool rtConnected = feed.rtConnected.load();
+  const int traffic = feed.traffic.load();
+  const int weather = feed.weather.load();
   const Colour rtColour = !rtConnected ? kRed : flowColour(traffic);
-  fill(list, kRtBlock, s.rtWaiting.load() ? kBlack : rtColour);
+  fill(list, kRtBlock, feed.rtWaiting.load() ? kBlack : rtColour);
   text(list, 430, 63, kLime, "RT");
   if (rtConnected) {
-    text(list, 458, 35, rtColour, s.rtEditionText.load());
+    text(list, 458, 35, rtColour, feed.rtEdition.load());
     if (flowsOrQuiet(weather)) text(list, 458, 63, flowColour(weather), "Weather");
     if (flowsOrQuiet(traffic)) text(list, 458, 91, flowColour(traffic), "Traffic");
-    const int qnh = s.qnhShown.load();
+    const int qnh = feed.qnh.load();
     if (flowsOrQuiet(weather) && qnh >= 1) text(list, 642, 63, kLime, fmt::format("qnh: {:4}", qnh));
-    if (flowsOrQuiet(traffic)) text(list, 642, 91, kLime, fmt::format("live: {:3}", s.liveCount.load()));
+    if (flowsOrQuiet(traffic)) text(list, 642, 91, kLime, fmt::format("live: {:3}", gEngineStatus.liveCount.load()));
   }
   return list;
 }
 
 PaintList lf_controlsBandLabels() {
-  const WindowState& s = gWindowState;
+  const ParkingStatus& s = gParkingStatus;
   PaintList list;
   for (const ControlRow& row : lf_controlLayout())
     for (const ControlLabel& label : row.labels) text(list, label.x, row.y(), labelColour(row, label), std::string(label.text));
@@ -159,7 +161,7 @@ PaintList lf_controlsBandLabels() {
 }
 
 PaintList lf_parkAirportBandPaint() {
-  const WindowState& s = gWindowState;
+  const ParkingStatus& s = gParkingStatus;
   PaintList list;
   const std::string code = s.parkCode.load();
   if (code.empty()) return list;

@@ -9,17 +9,17 @@
 #include <string>
 #include <thread>
 
-#include "engine/traffic_queue.h"
 #include "engine/engine_tables.h"
+#include "engine/traffic_queue.h"
 #include "feed/feed_readers.h"
 #include "feed/rt_link.h"
 #include "foundation/message_area.h"
 #include "foundation/run_flags.h"
+#include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "platform/net/socket_layer.h"
 #include "simlink/user_aircraft.h"
 #include "test_support.h"
-#include "ui/window_state.h"
 
 namespace orv::test {
 

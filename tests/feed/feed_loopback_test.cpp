@@ -62,10 +62,10 @@ TEST_F(FeedLoopback, RealTrafficConnectsAndARecordingReachesTheDecoding) {
   lf_feedStatus();
   EXPECT_FALSE(lf_feedDataLost());
   lf_feedStatus();
-  EXPECT_EQ(gWindowState.trafficStatus.load(), kFeedQuiet);
-  EXPECT_EQ(gWindowState.weatherStatus.load(), kFeedQuiet);
+  EXPECT_EQ(gFeedStatus.traffic.load(), kFeedQuiet);
+  EXPECT_EQ(gFeedStatus.weather.load(), kFeedQuiet);
   test::sendDatagram(gQnhReader.boundPort, R"({"QNH":1016})");
-  ASSERT_TRUE(test::eventually([] { return gWindowState.weatherStatus.load() == kFeedFlowing; }));
+  ASSERT_TRUE(test::eventually([] { return gFeedStatus.weather.load() == kFeedFlowing; }));
 
   lf_stopReaders();
   ASSERT_TRUE(test::eventually([&] {
@@ -73,7 +73,7 @@ TEST_F(FeedLoopback, RealTrafficConnectsAndARecordingReachesTheDecoding) {
     return text.find("\n          Traffic Reader disconnected\n") != std::string::npos &&
            text.find("\n          QNH Reader disconnected\n") != std::string::npos;
   }));
-  EXPECT_EQ(gWindowState.trafficStatus.load(), kFeedStopped);
+  EXPECT_EQ(gFeedStatus.traffic.load(), kFeedStopped);
   EXPECT_NE(log.text().find("\nTraffic Reader has stopped\n"), std::string::npos);
   lf_closeRt();
   EXPECT_EQ(realTraffic.receiveLine(), "exit\r\n");

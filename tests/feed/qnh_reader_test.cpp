@@ -16,7 +16,7 @@ class QnhLines : public test::FeedTest {
     reader.line = datagram;
     reader.processDatagram();
     const std::int32_t q = gv_qnh.load();
-    return q == gTrafficDecoder.qnh.load() && q == gWindowState.qnhShown.load() && q == reader.lastQnh.load() ? q : -1;
+    return q == gTrafficDecoder.qnh.load() && q == gFeedStatus.qnh.load() && q == reader.lastQnh.load() ? q : -1;
   }
   std::int32_t qnh(const std::string& value) { return take(R"({"ICAO":"EDDF","QNH":)" + value + "}"); }
   QnhReader reader;

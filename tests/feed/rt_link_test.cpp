@@ -44,14 +44,14 @@ class RtLink : public test::FeedTest {
 TEST_F(RtLink, VersionRepliesSetTheEdition) {
   lf_processRTVersion(R"({"level":2,"version":"9.0"})");
   EXPECT_TRUE(gv_rtProf.load());
-  EXPECT_EQ(gWindowState.rtEditionText.load(), "RT prof edition: 9.0");
+  EXPECT_EQ(gFeedStatus.rtEdition.load(), "RT prof edition: 9.0");
   lf_processRTVersion(R"({"version":"9.1"})");
   EXPECT_FALSE(gv_rtProf.load());
-  EXPECT_EQ(gWindowState.rtEditionText.load(), "RT stnd edition: 9.1");
+  EXPECT_EQ(gFeedStatus.rtEdition.load(), "RT stnd edition: 9.1");
   gv_rtProf = true;
   lf_processRTVersion(R"({"level":2,"version":)");
   EXPECT_FALSE(gv_rtProf.load());
-  EXPECT_EQ(gWindowState.rtEditionText.load(), "");
+  EXPECT_EQ(gFeedStatus.rtEdition.load(), "");
   EXPECT_NE(log.text().find("lf_processRTVersion: JSON parse failed: "), std::string::npos);
 
   // An empty reply, as RealTraffic closing its side gives it: the link stays up.
@@ -60,7 +60,7 @@ TEST_F(RtLink, VersionRepliesSetTheEdition) {
   gv_rtProf = true;
   waitForClient();
   EXPECT_FALSE(gv_rtProf.load());
-  EXPECT_TRUE(gWindowState.rtConnected.load());
+  EXPECT_TRUE(gFeedStatus.rtConnected.load());
   EXPECT_EQ(gf_messageArea().errorText, "No RealTraffic version received?");
 }
 
@@ -105,7 +105,7 @@ TEST_F(RtLink, ALostLinkRemovesTheLiveAircraftOnceAndTheNextStepOnlyAccepts) {
     std::this_thread::sleep_for(5ms);
   }
   ASSERT_FALSE(gv_rtConnected.load());
-  EXPECT_FALSE(gWindowState.rtConnected.load());
+  EXPECT_FALSE(gFeedStatus.rtConnected.load());
   EXPECT_EQ(gRemoveQueue, std::deque<std::uint32_t>{101});
   EXPECT_TRUE(gLiveAddQueue.empty());
   ASSERT_EQ(gLiveAc.size(), 3u) << "the cancelled and the buffered one are gone";
@@ -116,7 +116,7 @@ TEST_F(RtLink, ALostLinkRemovesTheLiveAircraftOnceAndTheNextStepOnlyAccepts) {
 
   test::RtPeer again(port);
   lf_sendPosition();  // accepts, and sends nothing in this step
-  EXPECT_TRUE(gWindowState.rtConnected.load());
+  EXPECT_TRUE(gFeedStatus.rtConnected.load());
   EXPECT_TRUE(gv_rtProf.load()) << "no new version request";
   EXPECT_EQ(gRemoveQueue.size(), 1u);
   EXPECT_NE(log.text().find(" RealTraffic re-connected\n"), std::string::npos);

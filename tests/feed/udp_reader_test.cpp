@@ -65,7 +65,7 @@ TEST_F(ReaderLoop, TheLargestDatagramPassesAndOneByteMoreIsLoggedAndDropped) {
 TEST_F(ReaderLoop, AReaderWhoseSocketFailsEndsTheRunWithReaderError) {
   const net::Socket holder = net::openSocket(net::Kind::Datagram);  // someone else holds the port
   ASSERT_EQ(net::bindPort(holder, 0, false), 0);
-  gWindowState.weatherStatus.show(kFeedFlowing);
+  gFeedStatus.weather.show(kFeedFlowing);
   gf_startQnhReader(net::localPort(holder));
   net::closeSocket(holder);
 
@@ -73,7 +73,7 @@ TEST_F(ReaderLoop, AReaderWhoseSocketFailsEndsTheRunWithReaderError) {
   EXPECT_EQ(gv_restartSeconds.load(), 15);
   EXPECT_EQ(gf_messageArea().messageText,
             "The QNH Reader has stopped with error: bind to stream socket failed, error: 10048 Address already in use");
-  EXPECT_EQ(gWindowState.weatherStatus.load(), kFeedStopped);
+  EXPECT_EQ(gFeedStatus.weather.load(), kFeedStopped);
   EXPECT_NE(log.text().find("\n          QNH Reader disconnected\n"), std::string::npos) << log.text();
 }
 

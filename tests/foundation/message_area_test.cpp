@@ -5,6 +5,7 @@
 #include "foundation/user_error.h"
 #include "platform/window/headless_window.h"
 #include "test_support.h"
+#include "ui/window_hooks.h"
 
 namespace orv {
 namespace {
@@ -13,6 +14,7 @@ class MessageAreaTest : public testing::Test {
  protected:
   void SetUp() override {
     gf_setWindow(&window);
+    lf_connectWindowHooks();
     gf_resetMessageArea();
     while (window.pending() > 0) window.waitMessage();
   }

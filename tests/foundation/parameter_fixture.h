@@ -10,6 +10,7 @@
 #include "foundation/user_paths.h"
 #include "platform/window/headless_window.h"
 #include "test_support.h"
+#include "ui/window_hooks.h"
 
 namespace orv::test {
 
@@ -17,6 +18,7 @@ class ParameterTest : public testing::Test {
  protected:
   void SetUp() override {
     gf_setWindow(&window);
+    lf_connectWindowHooks();
     previousDir = std::filesystem::current_path();
     std::filesystem::current_path(workDir.path());
     gf_writeParameters(true);

@@ -8,10 +8,10 @@
 #include "foundation/run_flags.h"
 #include "simlink/sim_run_state.h"
 #include "foundation/sim_choice.h"
+#include "foundation/status_values.h"
 #include "simlink/sim_client.h"
 #include "simlink/sim_session.h"
 #include "simlink_fixture.h"
-#include "ui/window_state.h"
 
 namespace orv::test {
 namespace {
@@ -22,7 +22,7 @@ TEST_F(SimLinkTest, ConnectsWhenTheSimulatorStartsLateAndDeclaresEverything) {
   standin::loadScenarioText(scenarioJson());
   lf_startSimClient();
   std::this_thread::sleep_for(250ms);  // opens are refused meanwhile
-  EXPECT_FALSE(gWindowState.simConnected.load());
+  EXPECT_FALSE(gSimStatus.connected.load());
   standin::start(standin::Clock::Stepped);
   ASSERT_TRUE(standin::waitForSession("Orvane"));
   settle();
@@ -31,7 +31,7 @@ TEST_F(SimLinkTest, ConnectsWhenTheSimulatorStartsLateAndDeclaresEverything) {
   EXPECT_NE(waiting, std::string::npos);
   EXPECT_EQ(text.find("Waiting", waiting + 1), std::string::npos) << "announced once, however often it retries";
   EXPECT_NE(text.find("MSFS 2020 (11.0.282174.999) connected\n"), std::string::npos) << text;
-  EXPECT_EQ(gWindowState.simName.load(), "MSFS 2020 (11.0.282174.999)");
+  EXPECT_EQ(gSimStatus.name.load(), "MSFS 2020 (11.0.282174.999)");
   EXPECT_TRUE(gv_simRunning.load()) << "the \"Sim\" state comes with the subscription";
 
   const auto session = standin::session("Orvane");
@@ -53,7 +53,7 @@ TEST_F(SimLinkTest, ConnectsWhenTheSimulatorStartsLateAndDeclaresEverything) {
   EXPECT_FALSE(gv_simRunning.load());
   lf_joinSimClient();
   EXPECT_NE(log.text().find("SimConnect closed ok\n"), std::string::npos);
-  EXPECT_FALSE(gWindowState.simConnected.load());
+  EXPECT_FALSE(gSimStatus.connected.load());
   EXPECT_EQ(gv_simHandle, nullptr);
   EXPECT_FALSE(gv_stopRun.load()) << "a stop of the thread is no end of the run";
 }

@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
 #include "foundation/message_area.h"
+#include "foundation/status_values.h"
 #include "platform/window/headless_window.h"
 #include "refdata/code_tables.h"
 #include "refdata/valid_codes.h"
 #include "refdata/wingspans.h"
 #include "simlink/user_model.h"
 #include "test_support.h"
-#include "ui/window_state.h"
 
 namespace orv {
 namespace {
@@ -36,7 +36,7 @@ TEST(UserModel, ModelTextToWingSpanWithTheMessagesTheUserSees) {
   EXPECT_EQ(gf_normaliseUserModel("ATCCOM.AC_MODEL_XB38.0.text", ""), "ATCCOM.AC_MODEL_XB38.0.text");
 
   EXPECT_DOUBLE_EQ(receive("Boeing 737-800 Asobo", "ATCCOM.AC_MODEL B738.0.text"), halfOf(35.8));
-  EXPECT_TRUE(gWindowState.userModelKnown.load());
+  EXPECT_TRUE(gSimStatus.userModelKnown.load());
   EXPECT_NE(log.text().find("          SimConnect: User aircraft model: B738, half wing span: 17.9 meter, category: "
                             "Light\n"), std::string::npos) << log.text();
   EXPECT_DOUBLE_EQ(receive("DJI camera", "camerapod"), halfOf(28.7));
@@ -44,16 +44,16 @@ TEST(UserModel, ModelTextToWingSpanWithTheMessagesTheUserSees) {
   EXPECT_TRUE(gf_messageArea().messageText.empty());
 
   EXPECT_EQ(receive("Some Airliner Title", "AIRLINER"), maxHalfWingspan);
-  EXPECT_FALSE(gWindowState.userModelKnown.load());
+  EXPECT_FALSE(gSimStatus.userModelKnown.load());
   EXPECT_EQ(gf_messageArea().messageText,
             "User aircraft wing span unknown, max is taken instead, please report in my Forum!");
   receive("Airbus A380 Asobo", "A388");
-  EXPECT_FALSE(gWindowState.userModelKnown.load()) << "the largest span of all goes as an unknown one";
+  EXPECT_FALSE(gSimStatus.userModelKnown.load()) << "the largest span of all goes as an unknown one";
   EXPECT_DOUBLE_EQ(receive("Aerosoft A320 Professional", "AIRBUS-A320-AEROSOFT"), halfOf(35.8));
   EXPECT_NE(log.text().find("SimConnect: User aircraft model deduced from title: A320, half wing span: 17.9 meter"),
             std::string::npos);
   EXPECT_DOUBLE_EQ(receive("Encrypted Jet", ""), halfOf(23.2));
-  EXPECT_EQ(gWindowState.titleText.load(), "Unknown (encrypted?) aircraft");
+  EXPECT_EQ(gSimStatus.title.load(), "Unknown (encrypted?) aircraft");
   EXPECT_EQ(gf_messageArea().messageText,
             "171: No model info from your user aircraft received in SimConnect, CRJ7 is taken instead");
 

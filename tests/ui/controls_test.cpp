@@ -114,10 +114,10 @@ TEST_F(ControlsTest, AStaticUpdateBlocksTheParkingControlsUntilItEnds) {
   const std::initializer_list<const Control*> parking{&parking_percentage,  &WEEK,          &PARK_SOFT,
                                                       &MAX_FIT_FL,          &MAX_PARK_SEL,  &MAX_LIVE_SEL,
                                                       &BUTTON_FLUSH_STATIC, &BUTTON_REREAD, &BUTTON_NOW};
-  gWindowState.minutesToUpdate.store(3);
+  gParkingStatus.minutesToUpdate.store(3);
   lf_unblockParkingControls();
   EXPECT_FALSE(gv_staticUpdateRunning);
-  EXPECT_EQ(gWindowState.minutesToUpdate.load(), 20);
+  EXPECT_EQ(gParkingStatus.minutesToUpdate.load(), 20);
   expectEnabled(parking, true);
 
   lf_blockParkingControls();

@@ -3,9 +3,9 @@
 
 #include "foundation/message_area.h"
 #include "foundation/run_flags.h"
+#include "foundation/status_values.h"
 #include "parking/parking_run_state.h"
 #include "ui/run_requests.h"
-#include "ui/window_state.h"
 
 namespace orv::test {
 

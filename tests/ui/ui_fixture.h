@@ -5,12 +5,13 @@
 
 #include <filesystem>
 
-#include "parking/parking_run_state.h"
 #include "foundation/parameters.h"
+#include "foundation/status_values.h"
 #include "foundation/user_paths.h"
+#include "parking/parking_run_state.h"
 #include "platform/window/headless_window.h"
 #include "test_support.h"
-#include "ui/window_state.h"
+#include "ui/window_hooks.h"
 
 namespace orv::test {
 
@@ -30,16 +31,17 @@ inline void resetParametersToDefaults() {
 inline void resetWindowState() {
   lf_resetStatusBand();
   lf_clearParkAirportBand();
-  gWindowState.minutesToUpdate.store(20);
-  gWindowState.parkingPossible.store(false);
-  gWindowState.tbloRequest.store(false);
-  gWindowState.objectIdText.store({});
+  gParkingStatus.minutesToUpdate.store(20);
+  gParkingStatus.parkingPossible.store(false);
+  gParkingStatus.tbloRequest.store(false);
+  gParkingStatus.objectIdText.store({});
   gv_staticUpdateRunning.store(false);
 }
 
 class UiTest : public ::testing::Test {
  protected:
   void SetUp() override {
+    lf_connectWindowHooks();
     resetParametersToDefaults();
     resetWindowState();
     std::filesystem::create_directories(gf_userFolder());

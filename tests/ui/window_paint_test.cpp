@@ -52,44 +52,42 @@ TEST_F(PaintTest, BeforeASessionTheStatusBandShowsMsfsARedBlockAndABlackRightBlo
   EXPECT_EQ(at(status, 141, 91), (PaintedText{141, 91, kYellow, "# simaddon: ..."}));
 
   // Once the wait for RealTraffic has begun: red until connected, then by the traffic.
-  gWindowState.rtWaiting.store(false);
+  gFeedStatus.rtWaiting.store(false);
   EXPECT_EQ(fillOf(lf_statusBandPaint(), kRtBlock), kRed);
-  gWindowState.rtConnected.store(true);
-  gWindowState.trafficStatus.store(kFeedQuiet);
+  gFeedStatus.rtConnected.store(true);
+  gFeedStatus.traffic.store(kFeedQuiet);
   EXPECT_EQ(fillOf(lf_statusBandPaint(), kRtBlock), kYellow);
 
   // The simulator side: yellow until a flight runs with a title, the title yellow while unknown.
-  WindowState& s = gWindowState;
-  s.simConnected.store(true);
-  s.simName.store("MSFS 2020 SU15");
-  s.titleText.store("Asobo A320neo");
+  gSimStatus.connected.store(true);
+  gSimStatus.name.store("MSFS 2020 SU15");
+  gSimStatus.title.store("Asobo A320neo");
   EXPECT_EQ(fillOf(lf_statusBandPaint(), kSimBlock), kYellow);
-  s.simRunningShown.store(true);
-  s.standText.store("GATE A12");
+  gSimStatus.running.store(true);
+  gSimStatus.stand.store("GATE A12");
   status = lf_statusBandPaint();
   EXPECT_EQ(fillOf(status, kSimBlock), kLime);
   EXPECT_EQ(at(status, 5, 35), (PaintedText{5, 35, kLime, "MSFS 2020 SU15, user stand GATE A12"}));
   EXPECT_EQ(at(status, 5, 63), (PaintedText{5, 63, kYellow, "Asobo A320neo"}));
-  s.userModelKnown.store(true);
+  gSimStatus.userModelKnown.store(true);
   EXPECT_EQ(at(lf_statusBandPaint(), 5, 63)->colour, kLime);
 }
 
 TEST_F(PaintTest, QnhShowsOnlyWhilePositiveAndTheWeatherComes) {
-  WindowState& s = gWindowState;
-  s.rtConnected.store(true);
-  s.trafficStatus.store(kFeedFlowing);
-  s.weatherStatus.store(kFeedQuiet);
-  s.liveCount.store(7);
+  gFeedStatus.rtConnected.store(true);
+  gFeedStatus.traffic.store(kFeedFlowing);
+  gFeedStatus.weather.store(kFeedQuiet);
+  gEngineStatus.liveCount.store(7);
   for (int qnh : {0, -3}) {
-    s.qnhShown.store(qnh);
+    gFeedStatus.qnh.store(qnh);
     EXPECT_FALSE(find(lf_statusBandPaint(), "qnh:")) << qnh;
   }
-  s.qnhShown.store(1013);
+  gFeedStatus.qnh.store(1013);
   const PaintList status = lf_statusBandPaint();
   EXPECT_EQ(at(status, 642, 63), (PaintedText{642, 63, kLime, "qnh: 1013"}));
   EXPECT_EQ(at(status, 642, 91), (PaintedText{642, 91, kLime, "live:   7"}));
   EXPECT_EQ(at(status, 458, 63), (PaintedText{458, 63, kYellow, "Weather"}));
-  s.weatherStatus.store(kFeedStopped);
+  gFeedStatus.weather.store(kFeedStopped);
   EXPECT_FALSE(find(lf_statusBandPaint(), "qnh:"));
 }
 
@@ -117,8 +115,8 @@ TEST_F(PaintTest, LabelColoursFollowTheirRules) {
   EXPECT_EQ(colour("Airport parking"), kYellow);
 
   // The countdown only while parking is possible and no update runs.
-  gWindowState.parkingPossible.store(true);
-  gWindowState.minutesToUpdate.store(7);
+  gParkingStatus.parkingPossible.store(true);
+  gParkingStatus.minutesToUpdate.store(7);
   EXPECT_FALSE(find(lf_controlsBandLabels(), "(next in"));
   gv_staticUpdateRunning.store(false);
   EXPECT_EQ(find(lf_controlsBandLabels(), "(next in"), (PaintedText{5, 343, kBlack, "(next in 7 min)"}));
@@ -144,7 +142,7 @@ TEST_F(PaintTest, TheMessageBandIsRedForAnErrorAndLimeOtherwiseWithYellowText) {
 
 TEST_F(PaintTest, TheParkAirportBandShowsTheAirportOnlyWhenOneIsSet) {
   EXPECT_TRUE(lf_parkAirportBandPaint().empty());
-  WindowState& s = gWindowState;
+  ParkingStatus& s = gParkingStatus;
   s.parkCode.store("EDDF");
   s.parkName.store("Frankfurt");
   s.parkPublisher.store("Aerosoft");

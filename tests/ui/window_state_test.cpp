@@ -4,7 +4,7 @@
 #include <string>
 #include <thread>
 
-#include "ui/window_state.h"
+#include "foundation/status_values.h"
 #include "ui_fixture.h"
 
 namespace orv {
@@ -13,15 +13,14 @@ namespace {
 using test::UiTest;
 
 TEST_F(UiTest, EachValueInvalidatesItsOwnBandOnlyWhenItChanges) {
-  WindowState& s = gWindowState;
-  EXPECT_TRUE(s.liveCount.show(3));
-  EXPECT_FALSE(s.liveCount.show(3));
-  EXPECT_TRUE(s.simConnected.store(true));  // a store alone never invalidates
-  EXPECT_TRUE(s.titleText.show("Airbus A320neo"));
-  EXPECT_FALSE(s.titleText.show("Airbus A320neo"));
-  EXPECT_TRUE(s.minutesToUpdate.show(19));
-  EXPECT_FALSE(s.fitStatic.show(-1.0f));  // unset is the starting value
-  EXPECT_TRUE(s.fitStatic.show(2.5f));
+  EXPECT_TRUE(gEngineStatus.liveCount.show(3));
+  EXPECT_FALSE(gEngineStatus.liveCount.show(3));
+  EXPECT_TRUE(gSimStatus.connected.store(true));  // a store alone never invalidates
+  EXPECT_TRUE(gSimStatus.title.show("Airbus A320neo"));
+  EXPECT_FALSE(gSimStatus.title.show("Airbus A320neo"));
+  EXPECT_TRUE(gParkingStatus.minutesToUpdate.show(19));
+  EXPECT_FALSE(gParkingStatus.fitStatic.show(-1.0f));  // unset is the starting value
+  EXPECT_TRUE(gParkingStatus.fitStatic.show(2.5f));
   EXPECT_EQ(window.invalidations(Band::Status), 2u);
   EXPECT_EQ(window.invalidations(Band::Controls), 1u);
   EXPECT_EQ(window.invalidations(Band::ParkAirport), 1u);
@@ -38,17 +37,17 @@ TEST_F(UiTest, EachValueInvalidatesItsOwnBandOnlyWhenItChanges) {
   lf_showAircraftCounts(4, 3, 38);
   EXPECT_EQ(window.invalidations(Band::Status), 3u);
   EXPECT_EQ(window.invalidations(Band::ParkAirport), 3u);
-  EXPECT_EQ(s.staticCount.load(), 38u);
+  EXPECT_EQ(gParkingStatus.staticCount.load(), 38u);
 
   // A reset invalidates once, and a second one not at all.
-  s.rtWaiting.store(false);
-  s.trafficStatus.store(kFeedFlowing);
+  gFeedStatus.rtWaiting.store(false);
+  gFeedStatus.traffic.store(kFeedFlowing);
   lf_resetStatusBand();
   lf_resetStatusBand();
   EXPECT_EQ(window.invalidations(Band::Status), 4u);
-  EXPECT_TRUE(s.rtWaiting.load());
-  EXPECT_EQ(s.trafficStatus.load(), kFeedStopped);
-  EXPECT_EQ(s.liveCount.load(), 0u);
+  EXPECT_TRUE(gFeedStatus.rtWaiting.load());
+  EXPECT_EQ(gFeedStatus.traffic.load(), kFeedStopped);
+  EXPECT_EQ(gEngineStatus.liveCount.load(), 0u);
 }
 
 TEST_F(UiTest, APainterNeverReadsATextHalfWritten) {
@@ -56,12 +55,12 @@ TEST_F(UiTest, APainterNeverReadsATextHalfWritten) {
   const std::string b(4096, 'b');
   std::atomic<bool> done{false};
   std::thread writer([&] {
-    for (int i = 0; i < 2000; ++i) gWindowState.simName.store(i % 2 ? a : b);
+    for (int i = 0; i < 2000; ++i) gSimStatus.name.store(i % 2 ? a : b);
     done = true;
   });
   int torn = 0;
   while (!done) {
-    const std::string seen = gWindowState.simName.load();
+    const std::string seen = gSimStatus.name.load();
     if (!seen.empty() && seen != a && seen != b) ++torn;
   }
   writer.join();

@@ -1,0 +1,40 @@
+#include "ui/window_hooks.h"
+
+#include "foundation/message_area.h"
+#include "foundation/parameter_store.h"
+#include "foundation/parameters.h"
+#include "ui/controls.h"
+
+namespace orv {
+
+namespace {
+// The two enums list the same bands in the same order, so that a band maps by its number.
+template <ShownBand S, Band W>
+constexpr bool kSameBand = static_cast<int>(S) == static_cast<int>(W);
+static_assert(kSameBand<ShownBand::Title, Band::Title> && kSameBand<ShownBand::Status, Band::Status> &&
+              kSameBand<ShownBand::Controls, Band::Controls> && kSameBand<ShownBand::ParkAirport, Band::ParkAirport> &&
+              kSameBand<ShownBand::Message, Band::Message>);
+
+void repaint(ShownBand band) { gf_window().invalidate(lf_windowBand(band)); }
+void paintMessage() { gf_window().post(WM_PAINT_MESSAGE); }
+
+void showSimulatorSwitch() {
+  // The values were set by the switch before it posted this; the controls follow them.
+  gf_window().setChecked(SCAN_AIRPORTS.controlId, SCAN_AIRPORTS.value);
+  gf_window().setChecked(SCAN_LIVERIES.controlId, SCAN_LIVERIES.value);
+  lf_setControlText(ALL_INSTALL_PATH.controlId, ALL_INSTALL_PATH.value);
+  lf_fillCombo(SIM_CHOICE);
+}
+}  // namespace
+
+Band lf_windowBand(ShownBand band) { return static_cast<Band>(band); }
+
+void lf_connectWindowHooks() {
+  gf_setRepaintHook(repaint);
+  gf_setMessagePaintHook(paintMessage);
+  gf_setParameterDisplayHook(lf_showParameterValues);
+}
+
+void lf_postSimulatorSwitchDisplay() { gf_window().postTask(showSimulatorSwitch); }
+
+}  // namespace orv

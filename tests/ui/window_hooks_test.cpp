@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "foundation/message_area.h"
+#include "foundation/parameters.h"
+#include "ui/controls.h"
+#include "ui/window_hooks.h"
+#include "ui_fixture.h"
+
+namespace orv {
+namespace {
+
+using test::UiTest;
+
+TEST_F(UiTest, EachShownBandIsTheWindowsBandOfTheSameName) {
+  EXPECT_EQ(lf_windowBand(ShownBand::Title), Band::Title);
+  EXPECT_EQ(lf_windowBand(ShownBand::Status), Band::Status);
+  EXPECT_EQ(lf_windowBand(ShownBand::Controls), Band::Controls);
+  EXPECT_EQ(lf_windowBand(ShownBand::ParkAirport), Band::ParkAirport);
+  EXPECT_EQ(lf_windowBand(ShownBand::Message), Band::Message);
+}
+
+TEST_F(UiTest, TheSimulatorSwitchMovesTheControlsOnlyOnTheWindowThread) {
+  lf_createControls();
+  lf_resetControls();
+  lf_setControlText(ALL_INSTALL_PATH.controlId, "D:/MSFS");
+  window.setChecked(SCAN_AIRPORTS.controlId, false);
+  window.setChecked(SCAN_LIVERIES.controlId, false);
+  // What the switch leaves behind on the SimClient thread before it posts.
+  SCAN_AIRPORTS.set(true);
+  SCAN_LIVERIES.set(true);
+  ALL_INSTALL_PATH.set("");
+  SIM_CHOICE.set("MSFS 2020");
+
+  std::thread simClient(lf_postSimulatorSwitchDisplay);
+  simClient.join();
+  EXPECT_FALSE(window.control(SCAN_AIRPORTS.controlId)->checked) << "the posting thread moved a control";
+  EXPECT_EQ(window.control(ALL_INSTALL_PATH.controlId)->text, "D:/MSFS");
+
+  // The window's thread serves its queue: the work runs on its way to the next message.
+  window.post(WM_PAINT_MESSAGE);
+  EXPECT_EQ(window.waitMessage().id, WM_PAINT_MESSAGE);
+  EXPECT_TRUE(window.control(SCAN_AIRPORTS.controlId)->checked);
+  EXPECT_TRUE(window.control(SCAN_LIVERIES.controlId)->checked);
+  EXPECT_EQ(window.control(ALL_INSTALL_PATH.controlId)->text, "");
+  EXPECT_EQ(window.control(SIM_CHOICE.controlId)->text, "MSFS 2020");
+}
+
+TEST_F(UiTest, TheMessageAreaAsksTheWindowThreadToPaint) {
+  while (window.pending() > 0) window.waitMessage();
+  setMessage("hello");
+  ASSERT_EQ(window.pending(), 1u);
+  EXPECT_EQ(window.waitMessage().id, WM_PAINT_MESSAGE);
+  EXPECT_EQ(window.invalidations(Band::Message), 0u);
+  gf_resetMessageArea();
+}
+
+}  // namespace
+}  // namespace orv
