@@ -29,15 +29,14 @@ def project_archives(build_dir):
 
 
 def strong_definitions(archive):
-    """[(mangled symbol, object)] of one archive; an object named twice is told apart by its position."""
+    """[(mangled symbol, object)] of one archive."""
     out = subprocess.run(["nm", "-g", "--defined-only", "-P", archive], check=True, capture_output=True,
                          text=True).stdout
-    result, member, seen = [], os.path.basename(archive), collections.Counter()
+    result, member = [], os.path.basename(archive)
     for line in out.splitlines():
         m = MEMBER.match(line)
         if m:
-            seen[m.group(2)] += 1
-            member = m.group(2) if seen[m.group(2)] == 1 else f"{m.group(2)}#{seen[m.group(2)]}"
+            member = m.group(2)
             continue
         fields = line.split()
         if len(fields) >= 2 and fields[1] in STRONG:
