@@ -8,6 +8,7 @@ packages=(
   libfmt-dev libpugixml-dev nlohmann-json3-dev
   libsodium-dev libcurl4-openssl-dev libzip-dev
   libgtest-dev libgmock-dev libbenchmark-dev
+  python3
 )
 
 missing=()
