@@ -20,7 +20,7 @@ case "${1:-}" in
     build=build-tsan
     flags=(-DORV_WERROR=ON -DORV_TSAN=ON -DORV_BUILD_BENCH=OFF -DCMAKE_BUILD_TYPE=RelWithDebInfo)
     # The suites that run threads; each of their tests in a process of its own.
-    suites=(app feed engine simlink ui simconnect rt_standin)
+    suites=(app feed engine simlink ui window simconnect rt_standin)
     targets=(--target "${suites[@]/%/_tests}")
     select=(-L "^($(IFS='|'; echo "${suites[*]}"))_tests\$" -LE '^shuffled$')
     # The first report ends the process with 66, so that the test fails.

@@ -101,30 +101,26 @@ bool HeadlessWindow::setTopmost(bool topmost) {
   return true;
 }
 
+// Every post notifies under the lock: the thread that takes the message may destroy the window
+// right after, and must not do so while a poster still touches the condition variable.
 bool HeadlessWindow::post(std::uint32_t message) {
-  {
-    std::lock_guard lock(mutex_);
-    queue_.push_back({{message, false, 0}, {}});
-  }
+  std::lock_guard lock(mutex_);
+  queue_.push_back({{message, false, 0}, {}});
   queued_.notify_one();
   return true;
 }
 
 bool HeadlessWindow::postTask(std::function<void()> task) {
   if (!task) return false;
-  {
-    std::lock_guard lock(mutex_);
-    queue_.push_back({{}, std::move(task)});
-  }
+  std::lock_guard lock(mutex_);
+  queue_.push_back({{}, std::move(task)});
   queued_.notify_one();
   return true;
 }
 
 void HeadlessWindow::postQuit(int exitCode) {
-  {
-    std::lock_guard lock(mutex_);
-    queue_.push_back({{0, true, exitCode}, {}});
-  }
+  std::lock_guard lock(mutex_);
+  queue_.push_back({{0, true, exitCode}, {}});
   queued_.notify_one();
 }
 
