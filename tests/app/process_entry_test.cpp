@@ -1,5 +1,3 @@
-#include "simlink/sim_session.h"
-#include "engine/engine_tick.h"
 #include "app/process_entry.h"
 
 #include <gtest/gtest.h>
@@ -11,16 +9,18 @@
 
 #include "app/run_stage.h"
 #include "app/working_folder.h"
+#include "dbase_fixture.h"
 #include "engine/engine_tables.h"
+#include "engine/engine_tick.h"
 #include "feed/feed_readers.h"
 #include "feed/traffic_decoder.h"
 #include "foundation/run_flags.h"
-#include "simlink/sim_run_state.h"
 #include "foundation/user_paths.h"
 #include "platform/desktop/desktop.h"
 #include "platform/window/window_layer.h"
+#include "simlink/sim_run_state.h"
+#include "simlink/sim_session.h"
 #include "simlink/user_aircraft.h"
-#include "dbase_fixture.h"
 #include "test_support.h"
 
 namespace orv {

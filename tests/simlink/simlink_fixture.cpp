@@ -1,6 +1,3 @@
-#include "simlink/sim_queues.h"
-#include "simlink/object_requests.h"
-#include "engine/sim_notice_queue.h"
 #include "simlink_fixture.h"
 
 #include <fmt/format.h>
@@ -9,14 +6,17 @@
 #include <thread>
 
 #include "engine/engine_tables.h"
+#include "engine/sim_notice_queue.h"
 #include "foundation/message_area.h"
 #include "foundation/parameter_store.h"
 #include "foundation/run_flags.h"
-#include "simlink/sim_run_state.h"
 #include "foundation/sim_choice.h"
 #include "foundation/time_text.h"
+#include "simlink/object_requests.h"
 #include "simlink/sim_client.h"
 #include "simlink/sim_port_binding.h"
+#include "simlink/sim_queues.h"
+#include "simlink/sim_run_state.h"
 #include "simlink/sim_session.h"
 
 namespace orv::test {
