@@ -12,21 +12,20 @@
 
 #include "app/closing_down.h"
 #include "app/command_line.h"
+#include "app/layer_bindings.h"
+#include "app/process_state.h"
 #include "app/start_up.h"
 #include "foundation/log.h"
 #include "foundation/message_area.h"
 #include "foundation/program_info.h"
 #include "foundation/run_flags.h"
-#include "app/process_state.h"
 #include "foundation/time_text.h"
 #include "foundation/user_paths.h"
 #include "platform/desktop/desktop.h"
 #include "platform/window/headless_window.h"
 #include "simlink/sim_client.h"
-#include "simlink/simulator_switch.h"
 #include "simlink/standin_launch.h"
 #include "ui/controls.h"
-#include "ui/window_hooks.h"
 #include "ui/window_position.h"
 
 namespace fs = std::filesystem;
@@ -121,9 +120,8 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
   gv_exitCode = 0;
   HeadlessWindow window;
   gf_setWindow(&window);
-  // Before any thread that publishes to the window starts.
-  lf_connectWindowHooks();
-  lf_setSwitchDisplayHook(lf_postSimulatorSwitchDisplay);
+  // Before any thread that calls across the layers starts.
+  lf_bindLayers();
   lf_readWindowPosition();
   lf_createControls();
   gv_production = production;

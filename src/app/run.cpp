@@ -7,7 +7,6 @@
 
 #include "airportscan/airport_scan.h"
 #include "app/run_stage.h"
-#include "engine/engine_hooks.h"
 #include "engine/engine_tables.h"
 #include "engine/traffic_queue.h"
 #include "feed/feed_readers.h"
@@ -21,9 +20,7 @@
 #include "foundation/status_values.h"
 #include "foundation/time_text.h"
 #include "parking/park_airports.h"
-#include "parking/static_placement.h"
 #include "simlink/sim_client.h"
-#include "simlink/sim_port_binding.h"
 #include "simlink/sim_queues.h"
 #include "simlink/sim_run_state.h"
 #include "simlink/sim_session.h"
@@ -69,9 +66,6 @@ bool lf_run() {
   gSimStatus.connected.show(false);
   gf_reserveEngineTables();
   gf_reserveSimQueues();
-  gf_bindSimLink();
-  gv_feedPositionStep = lf_sendPosition;
-  gv_placeNextStatic = lf_placeNextStatic;
   gv_simRequestFailed = false;
   gv_runStage = RunStage::WaitingForSim;
   lf_startSimClient();

@@ -35,7 +35,7 @@ void removeAircraftFromSim(AcRecord& ac) {
   }
   if (ac.hexid > 10000) lf_clearLiveAtStand(ac.sid);
   ac.simState = kRemovingFromSim;
-  if (gv_stopFollowing) gv_stopFollowing(ac.objectid);
+  gv_stopFollowing(ac.objectid);
   if (ac.objectid == 0)
     gf_logError("{} removing act {}, with objectid=0 ?", "removeAircraftFromSim", ac.cs);
   else

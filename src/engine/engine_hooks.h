@@ -1,15 +1,16 @@
 #pragma once
-// What the engine step asks of subsystems that stand above it and that it must not name: the
-// program binds them before the run thread steps the engine; an unbound hook does nothing.
+// What the engine step asks of subsystems that stand above it and that it must not name.
 #include <cstdint>
+
+#include "foundation/hook.h"
 
 namespace orv {
 
 // The position message of the feed link, every 20 ticks.
-inline void (*gv_feedPositionStep)() = nullptr;
+inline constinit Hook<> gv_feedPositionStep;
 // The next placement of static parking, on creation turns that no live aircraft takes.
-inline void (*gv_placeNextStatic)() = nullptr;
+inline constinit Hook<> gv_placeNextStatic;
 // The object that the window follows is gone.
-inline void (*gv_stopFollowing)(std::uint32_t objectid) = nullptr;
+inline constinit Hook<std::uint32_t> gv_stopFollowing;
 
 }  // namespace orv

@@ -63,7 +63,7 @@ void lf_runQueues() {
     gf_sim().queueCreate(gParkedAddQueue.front());
     gParkedAddQueue.pop_front();
   }
-  if (gv_placeNextStatic) gv_placeNextStatic();
+  gv_placeNextStatic();
 }
 
 void lf_takeAddStack() {
@@ -84,7 +84,7 @@ void lf_takeAddStack() {
 void lf_periodicRequests() {
   if (gv_tick % 20 == 0) {
     gf_sim().requestAircraftInRange();
-    if (gv_feedPositionStep) gv_feedPositionStep();
+    gv_feedPositionStep();
   }
   if (gv_tick % 100 == 0) gf_sim().refreshUserSnapshot();
 }

@@ -1,7 +1,6 @@
 #include "foundation/message_area.h"
 
 #include <algorithm>
-#include <atomic>
 #include <mutex>
 
 #include "foundation/log.h"
@@ -11,14 +10,7 @@ namespace orv {
 namespace {
 std::mutex gMessageMutex;
 MessageAreaText gArea;
-constinit std::atomic<MessagePaintHook> gPaintHook{nullptr};
-
-void askForPaint() {
-  if (MessagePaintHook hook = gPaintHook.load()) hook();
-}
 }  // namespace
-
-void gf_setMessagePaintHook(MessagePaintHook hook) { gPaintHook.store(hook); }
 
 void setMessage(std::string_view text, bool logIt) {
   {
@@ -29,7 +21,7 @@ void setMessage(std::string_view text, bool logIt) {
   }
   if (logIt && !text.empty()) gf_log(text);
   // Outside the mutex: a painter on the window thread must never wait for us.
-  askForPaint();
+  gf_paintMessageArea();
 }
 
 void clearMessage() { setMessage({}); }
@@ -42,7 +34,7 @@ void setError(std::string_view text) {
     gArea.errorText = std::string(text);
     gf_log("Error {}", text);
   }
-  askForPaint();
+  gf_paintMessageArea();
 }
 
 void gf_ageMessage() {
@@ -61,7 +53,7 @@ void gf_resetMessageArea() {
     std::lock_guard lock(gMessageMutex);
     gArea = MessageAreaText{};
   }
-  askForPaint();
+  gf_paintMessageArea();
 }
 
 MessageAreaText gf_messageArea() {

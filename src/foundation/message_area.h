@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/hook.h"
+
 namespace orv {
 
 inline constexpr std::uint32_t kMessageLifeSeconds = 25;
@@ -33,7 +35,6 @@ MessageAreaText gf_messageArea();
 
 // The window's thread paints the area anew when asked. Only the program knows the window, so it
 // sets how to ask at start-up; until then a change asks nothing.
-using MessagePaintHook = void (*)();
-void gf_setMessagePaintHook(MessagePaintHook hook);
+inline constinit Hook<> gf_paintMessageArea;
 
 }  // namespace orv

@@ -2,7 +2,6 @@
 
 #include <pugixml.hpp>
 
-#include <atomic>
 #include <cmath>
 #include <mutex>
 #include <sstream>
@@ -61,7 +60,6 @@ void forEachStored(F&& f) {
   for (auto* p : gf_editList()) f(static_cast<ValueParameter<std::string>&>(*p));
 }
 
-constinit std::atomic<ParameterDisplayHook> gDisplayHook{nullptr};
 
 bool saveDocument(pugi::xml_document& doc, const fs::path& file) {
   pugi::xml_node decl = doc.first_child();
@@ -209,12 +207,6 @@ void gf_setMaxFitHours(float hours) {
   MAX_FIT_FL.set(hours);
   MAX_FIT.set(static_cast<std::int32_t>(std::lround(2.0 * MAX_FIT_FL.value)) - 1);
   saveInt(MAX_FIT);
-}
-
-void gf_setParameterDisplayHook(ParameterDisplayHook hook) { gDisplayHook.store(hook); }
-
-void gf_showParameterValues() {
-  if (ParameterDisplayHook hook = gDisplayHook.load()) hook();
 }
 
 void gf_maxFitFromStored() { MAX_FIT_FL.set(static_cast<float>(MAX_FIT.value + 1) / 2.0f); }

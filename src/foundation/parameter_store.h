@@ -6,6 +6,7 @@
 
 #include <pugixml.hpp>
 
+#include "foundation/hook.h"
 #include "foundation/parameter.h"
 
 namespace orv {
@@ -30,10 +31,7 @@ void gf_setMaxFitHours(float hours);
 void gf_maxFitFromStored();
 
 // The controls show the stored values: after a read, and after a change made outside the
-// window. Only the program knows the controls, so it sets the hook at start-up; until then
-// nothing is shown.
-using ParameterDisplayHook = void (*)();
-void gf_setParameterDisplayHook(ParameterDisplayHook hook);
-void gf_showParameterValues();
+// window. Only the program knows the controls, so it binds this; unbound, nothing is shown.
+inline constinit Hook<> gf_showParameterValues;
 
 }  // namespace orv

@@ -9,16 +9,15 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/hook.h"
+
 namespace orv {
 
 // The bands of the main window, top to bottom.
 enum class ShownBand { Title, Status, Controls, ParkAirport, Message };
 
-using RepaintHook = void (*)(ShownBand band);
-// Any thread may repaint; nullptr stops the repaints again.
-void gf_setRepaintHook(RepaintHook hook);
-// Asks for a band's repaint; nothing until a hook is set.
-void gf_repaint(ShownBand band);
+// Asks for a band's repaint, from any thread; nothing until the program has bound it.
+inline constinit Hook<ShownBand> gf_repaint;
 
 template <class T, ShownBand B>
 class ShownValue {

@@ -14,10 +14,6 @@ inline constexpr int kFeedStopped = 3;
 
 // The simulator link: status band, simulator side.
 struct SimLinkStatus {
-  SimLinkStatus() = default;
-  SimLinkStatus(const SimLinkStatus&) = delete;
-  SimLinkStatus& operator=(const SimLinkStatus&) = delete;
-
   ShownValue<bool, ShownBand::Status> connected{false};
   ShownValue<bool, ShownBand::Status> running{false};  // last value of the "Sim" event
   ShownText<ShownBand::Status> name;                     // simulator and its version
@@ -29,10 +25,6 @@ struct SimLinkStatus {
 
 // The RealTraffic feed: status band, feed side.
 struct FeedStatus {
-  FeedStatus() = default;
-  FeedStatus(const FeedStatus&) = delete;
-  FeedStatus& operator=(const FeedStatus&) = delete;
-
   ShownValue<bool, ShownBand::Status> rtWaiting{true};     // the run has not reached the wait for RealTraffic
   ShownValue<bool, ShownBand::Status> rtConnected{false};  // RealTraffic link up, or no link needed
   // The program's holder of gv_rtEditionText: "RT {} edition: {}", empty when unknown.
@@ -44,10 +36,6 @@ struct FeedStatus {
 
 // The livery and airport scans: status band counts.
 struct ScanStatus {
-  ScanStatus() = default;
-  ScanStatus(const ScanStatus&) = delete;
-  ScanStatus& operator=(const ScanStatus&) = delete;
-
   ShownValue<unsigned, ShownBand::Status> liveries{0};
   ShownValue<unsigned, ShownBand::Status> simAddonAirports{0};
   ShownValue<unsigned, ShownBand::Status> thirdPartyAirports{0};
@@ -55,19 +43,11 @@ struct ScanStatus {
 
 // The engine: status band.
 struct EngineStatus {
-  EngineStatus() = default;
-  EngineStatus(const EngineStatus&) = delete;
-  EngineStatus& operator=(const EngineStatus&) = delete;
-
   ShownValue<unsigned, ShownBand::Status> liveCount{0};  // live aircraft in the simulator, not parked
 };
 
 // Parking: its figures beside the controls, and the park airport band.
 struct ParkingStatus {
-  ParkingStatus() = default;
-  ParkingStatus(const ParkingStatus&) = delete;
-  ParkingStatus& operator=(const ParkingStatus&) = delete;
-
   // Controls band.
   ShownValue<int, ShownBand::Controls> minutesToUpdate{20};
   // Parking at the park airport is possible at all; the countdown is shown only then.

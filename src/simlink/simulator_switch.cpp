@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <atomic>
 #include <filesystem>
 
 #include "foundation/message_area.h"
@@ -14,16 +13,6 @@
 
 namespace orv {
 
-namespace {
-constinit std::atomic<SwitchDisplayHook> gDisplayHook{nullptr};
-
-void showSwitch() {
-  if (SwitchDisplayHook hook = gDisplayHook.load()) hook();
-}
-}  // namespace
-
-void lf_setSwitchDisplayHook(SwitchDisplayHook hook) { gDisplayHook.store(hook); }
-
 void lf_switchSimulator() {
   // A missing catalogue is what we want; any other failure is an error of the file system.
   std::filesystem::remove("output/LiveriesScanned.xml");
@@ -33,7 +22,7 @@ void lf_switchSimulator() {
   saveBool(SCAN_LIVERIES);
   setMessage(fmt::format("Switching MSFS version in {}", kProgramName), true);
   ALL_INSTALL_PATH.set("");
-  showSwitch();
+  lf_showSimulatorSwitch();
   // The add-on airports of MSFS 2024 are listed anew when it is chosen again.
   if (!gv_isMsfs2020) {
     MYSIMADDON24_VERSION.set("");

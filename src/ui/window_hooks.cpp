@@ -3,6 +3,7 @@
 #include "foundation/message_area.h"
 #include "foundation/parameter_store.h"
 #include "foundation/parameters.h"
+#include "simlink/simulator_switch.h"
 #include "ui/controls.h"
 
 namespace orv {
@@ -30,11 +31,10 @@ void showSimulatorSwitch() {
 Band lf_windowBand(ShownBand band) { return static_cast<Band>(band); }
 
 void lf_connectWindowHooks() {
-  gf_setRepaintHook(repaint);
-  gf_setMessagePaintHook(paintMessage);
-  gf_setParameterDisplayHook(lf_showParameterValues);
+  gf_repaint.set(repaint);
+  gf_paintMessageArea.set(paintMessage);
+  gf_showParameterValues.set(lf_showParameterValues);
+  lf_showSimulatorSwitch.set([] { gf_window().postTask(showSimulatorSwitch); });
 }
-
-void lf_postSimulatorSwitchDisplay() { gf_window().postTask(showSimulatorSwitch); }
 
 }  // namespace orv

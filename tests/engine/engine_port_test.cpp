@@ -50,11 +50,11 @@ class EnginePort : public testing::Test {
   void SetUp() override {
     gf_bindSim(&port);
     gPlacements.clear();
-    gv_placeNextStatic = [] { gPlacements.push_back(gv_tick.load()); };
+    gv_placeNextStatic.set([] { gPlacements.push_back(gv_tick.load()); });
   }
   void TearDown() override {
     gf_bindSim(nullptr);
-    gv_placeNextStatic = nullptr;
+    gv_placeNextStatic.set(nullptr);
   }
   static AddRequest request(const char* cs) {
     AddRequest r;
@@ -83,7 +83,7 @@ TEST_F(EnginePort, CreationsGoOneEveryFiftyTicksLiveFirstAndStaticPlacementOnlyO
 
 TEST_F(EnginePort, AnUnboundPortAsksNothingAndTheStepGoesOn) {
   gf_bindSim(nullptr);
-  gv_placeNextStatic = nullptr;
+  gv_placeNextStatic.set(nullptr);
   gLiveAddQueue.push_back(request("DLH1"));
   steps(51);
   EXPECT_TRUE(port.calls.empty());

@@ -13,11 +13,11 @@ void recordRepaint(ShownBand band) { gRepainted.push_back(band); }
 class ShownValueTest : public testing::Test {
  protected:
   void SetUp() override { gRepainted.clear(); }
-  void TearDown() override { gf_setRepaintHook(nullptr); }
+  void TearDown() override { gf_repaint.set(nullptr); }
 };
 
 TEST_F(ShownValueTest, UntilTheHookIsSetAChangeRepaintsNothing) {
-  gf_setRepaintHook(nullptr);
+  gf_repaint.set(nullptr);
   ShownValue<int, ShownBand::Status> value{0};
   ShownText<ShownBand::ParkAirport> text;
   EXPECT_TRUE(value.show(4));
@@ -25,7 +25,7 @@ TEST_F(ShownValueTest, UntilTheHookIsSetAChangeRepaintsNothing) {
   EXPECT_EQ(value.load(), 4);
   EXPECT_EQ(text.load(), "EDDF");
 
-  gf_setRepaintHook(recordRepaint);
+  gf_repaint.set(recordRepaint);
   EXPECT_TRUE(value.show(5));
   EXPECT_FALSE(value.show(5));
   EXPECT_TRUE(text.show("EDDM"));

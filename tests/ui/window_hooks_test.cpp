@@ -4,6 +4,7 @@
 
 #include "foundation/message_area.h"
 #include "foundation/parameters.h"
+#include "simlink/simulator_switch.h"
 #include "ui/controls.h"
 #include "ui/window_hooks.h"
 #include "ui_fixture.h"
@@ -33,7 +34,7 @@ TEST_F(UiTest, TheSimulatorSwitchMovesTheControlsOnlyOnTheWindowThread) {
   ALL_INSTALL_PATH.set("");
   SIM_CHOICE.set("MSFS 2020");
 
-  std::thread simClient(lf_postSimulatorSwitchDisplay);
+  std::thread simClient([] { lf_showSimulatorSwitch(); });
   simClient.join();
   EXPECT_FALSE(window.control(SCAN_AIRPORTS.controlId)->checked) << "the posting thread moved a control";
   EXPECT_EQ(window.control(ALL_INSTALL_PATH.controlId)->text, "D:/MSFS");
