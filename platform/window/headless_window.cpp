@@ -155,6 +155,9 @@ void HeadlessWindow::setWorkAreas(std::vector<Rect> monitors) {
   if (!monitors.empty()) monitors_ = std::move(monitors);
 }
 
+// Without a display the window is never minimised or maximised.
+Rect HeadlessWindow::restoredRect() const { return windowRect(); }
+
 Rect HeadlessWindow::windowRect() const {
   std::lock_guard lock(mutex_);
   return window_;

@@ -33,6 +33,7 @@ class HeadlessWindow final : public WindowLayer {
 
   Rect nearestWorkArea(const Rect& window) const override;
   bool moveWindow(int x, int y) override;
+  Rect restoredRect() const override;
   bool setTopmost(bool topmost) override;
 
   bool post(std::uint32_t message) override;

@@ -63,6 +63,9 @@ class WindowLayer {
   // Window placement: the work area of the monitor nearest to a rectangle, and moving the window.
   virtual Rect nearestWorkArea(const Rect& window) const = 0;
   virtual bool moveWindow(int x, int y) = 0;
+  // The window's rectangle as it stands restored: a minimised or maximised window gives its
+  // normal position, so that the next start opens it where the user left it.
+  virtual Rect restoredRect() const = 0;
   virtual bool setTopmost(bool topmost) = 0;
 
   // Main thread queue. post() and postTask() may be called from any thread.

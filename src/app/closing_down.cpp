@@ -57,6 +57,7 @@ void lf_restartCountdown() {
 
 void lf_resetRunState() {
   gf_resetRunFlags();
+  gf_resetMessageSeconds();
   lf_resetFeed();
   gf_resetEngine();
   gf_resetSimLink();

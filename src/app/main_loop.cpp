@@ -37,6 +37,7 @@
 #include "ui/callsign_list.h"
 #include "ui/controls.h"
 #include "ui/run_requests.h"
+#include "ui/static_update.h"
 
 namespace orv {
 
@@ -70,8 +71,9 @@ void lf_runRereadRequest() {
   gv_reqReread = false;
 }
 
-// First phase: the parking controls are blocked and the feed's pending data cleared;
-// second phase: the adjustments run and the update is no longer pending.
+// First phase: the parking controls are blocked and the feed starts collecting callsigns;
+// second phase, 15 seconds later: the update ends, the adjustments run on what was collected,
+// and the controls, "Re-read" and the next announcement are free again.
 void lf_advanceStaticUpdate() {
   if (!gv_staticUpdateSecondPhase) {
     lf_blockParkingControls();
@@ -79,13 +81,39 @@ void lf_advanceStaticUpdate() {
     gv_staticUpdateSecondPhase = true;
     return;
   }
+  lf_unblockParkingControls();
   gf_clearErrorText();
-  if (!gParkedAc.empty() || std::any_of(gLiveAc.begin(), gLiveAc.end(), [](const LiveAc& ac) {
-        return ac.flightState == kParked;
-      }))
-    lf_adjustParking();
+  clearMessage();
+  lf_adjustParking();
+  gf_flushLog();
   gv_staticUpdatePending = false;
   gv_staticUpdateSecondPhase = false;
+}
+
+// What the work of one second holds, by the second's number.
+struct SecondWork {
+  bool parking = false;           // the periodic parking step
+  bool feedStatus = false;        // refresh of the feed status display
+  bool removeStaticTwin = false;  // a static aircraft that doubles a live parked one
+  bool fiveSecond = false;        // user position to the feed, simulator time, reserved stand, re-read
+  bool staticUpdate = false;      // the next phase of an announced static update
+  bool every30 = false;
+};
+
+// `secondPhase`: a static update is in its second phase, which the parking step must not meet.
+SecondWork lf_secondWork(int seconds, bool secondPhase) {
+  SecondWork w;
+  if (seconds % 5 != 0) {
+    w.parking = seconds % 16 == 0 && !secondPhase;
+    w.feedStatus = seconds % 59 == 0;
+    w.removeStaticTwin = seconds % 61 == 0;
+    return w;
+  }
+  w.fiveSecond = true;
+  if (seconds % 15 != 0) return w;
+  w.staticUpdate = true;
+  w.every30 = seconds % 30 == 0;
+  return w;
 }
 
 // The live aircraft in the simulator that bears this callsign, or -1.
@@ -117,21 +145,6 @@ void lf_runSchedule(LoopClock& clock, const std::function<bool()>& tick) {
     next += 10ms;
     go = tick();
   }
-}
-
-SecondWork lf_secondWork(int seconds, bool secondPhase) {
-  SecondWork w;
-  if (seconds % 5 != 0) {
-    w.parking = seconds % 16 == 0 && !secondPhase;
-    w.feedStatus = seconds % 59 == 0;
-    w.removeStaticTwin = seconds % 61 == 0;
-    return w;
-  }
-  w.fiveSecond = true;
-  if (seconds % 15 != 0) return w;
-  w.staticUpdate = true;
-  w.every30 = seconds % 30 == 0;
-  return w;
 }
 
 bool lf_tick() {
@@ -249,7 +262,7 @@ void lf_every30Seconds() {
       minutes = 20;
       if (lf_parkingPossible() && !INITIAL_LOAD_ONLY.value && !gv_staticUpdateRunning.load() &&
           !gv_staticUpdatePending.load())
-        lf_announceStaticUpdate();
+        lf_announceStaticUpdate(gv_seconds);
     }
     gParkingStatus.minutesToUpdate.show(minutes);
     if (OBJECTID_LIST.value) gf_writeObjectIdList();

@@ -39,16 +39,4 @@ void lf_flightNotRunning();
 void lf_everySecond();
 void lf_every30Seconds();
 
-// What the work of one second holds, by the second's number.
-struct SecondWork {
-  bool parking = false;           // the periodic parking step
-  bool feedStatus = false;        // refresh of the feed status display
-  bool removeStaticTwin = false;  // a static aircraft that doubles a live parked one
-  bool fiveSecond = false;        // user position to the feed, simulator time, reserved stand, re-read
-  bool staticUpdate = false;      // the next phase of an announced static update
-  bool every30 = false;
-};
-// `secondPhase`: a static update is in its second phase, which the parking step must not meet.
-SecondWork lf_secondWork(int seconds, bool secondPhase);
-
 }  // namespace orv

@@ -148,6 +148,7 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
         setMessage(fmt::format("Close window button clicked, closing {} ...", kProgramName));
         lf_closeAsUser();
       } else if (m.id == WM_END_PROGRAM) {
+        lf_saveWindowPosition();
         gf_log(gf_longTimeText(std::time(nullptr)));
         window.postQuit(gv_exitCode);
       }
@@ -164,10 +165,9 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
   gf_setWindow(nullptr);
   gf_closeLog();
   std::printf("Log.txt: %s\n", fs::absolute("Log.txt").c_str());
-  if (!error.empty()) {
-    std::fprintf(stderr, "Error: %s\n", error.c_str());
-    return exitCode != 0 ? exitCode : 1;
-  }
+  // The error stays readable on the terminal; the exit code is the one the run handed to the
+  // quit, as on the window.
+  if (!error.empty()) std::fprintf(stderr, "Error: %s\n", error.c_str());
   return exitCode;
 }
 

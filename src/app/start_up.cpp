@@ -46,7 +46,7 @@ void lf_removePlainCopies() {
   for (const char* file : {"input/airports.xml", "input/AIG-regcodes.xml", "input/dbase.xml"}) {
     std::error_code ec;
     if (fs::exists(file, ec) && !fs::remove(file, ec))
-      gf_logError("Warning: could not remove {}, errorcode: {}", file, ec.message());
+      gf_log("Warning: could not remove {}, errorcode: {}", file, ec.value());
   }
 }
 

@@ -43,8 +43,10 @@ bool lf_readQnh(const nlohmann::json& j, std::string_view line, std::int64_t& v)
     v = lf_roundToInteger(static_cast<double>(static_cast<float>(d)));
   } else {
     const std::string& text = it->get_ref<const std::string&>();
+    // Leading digits only: from_chars alone would also take a minus sign.
+    const bool digitFirst = !text.empty() && text.front() >= '0' && text.front() <= '9';
     const auto r = std::from_chars(text.data(), text.data() + text.size(), v);
-    if (r.ec != std::errc()) {
+    if (!digitFirst || r.ec != std::errc()) {
       gf_logError("QNH string parse error: {} in {}", text, line);
       return false;
     }

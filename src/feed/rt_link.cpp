@@ -81,7 +81,14 @@ void waitForClient() {
   lf_resetFeed();
   if (lf_acceptRt()) {
     sendDataPacket(kVersionRequest);
-    lf_processRTVersion(lf_receiveRt());
+    const std::string reply = lf_receiveRt();
+    // Closing the link is what ends a receive that waits while the user closes: that is no
+    // missing version, and no connection.
+    if (gf_stopping()) {
+      clearMessage();
+      return;
+    }
+    lf_processRTVersion(reply);
     gFeedStatus.rtConnected.show(true);
     gf_log("RealTraffic connected");
   }

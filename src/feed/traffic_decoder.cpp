@@ -59,6 +59,14 @@ double estimatedTas(double alt) {
   return 430;
 }
 
+// A report's time: finite, and between 1970 and 2100, so that casting it to whole seconds is
+// defined and the weekday and time of day drawn from it mean something.
+double reportTime(std::string_view field) {
+  const double t = namedNumber("timestamp", field);
+  if (!(t >= 0.0 && t < 4102444800.0)) throw std::runtime_error(fmt::format("{}:{}", "timestamp", field));
+  return t;
+}
+
 FixedCode<3> routeCode(std::string_view field) { return field == kNull ? FixedCode<3>() : FixedCode<3>(field); }
 
 }  // namespace
@@ -117,7 +125,7 @@ void TrafficDecoder::splitUpTo(std::size_t count) {
 void TrafficDecoder::processLineSub() {
   try {
     const auto f = [this](std::size_t i) { return fields_[i]; };
-    lastTimestamp_ = namedNumber("timestamp", f(14));
+    lastTimestamp_ = reportTime(f(14));
     gv_feedTimestamp.store(static_cast<std::int64_t>(lastTimestamp_), std::memory_order_relaxed);
     const LatLon pos{namedNumber("lat", f(2)), namedNumber("lon", f(3))};
     if (!(pos.lat >= -90 && pos.lat <= 90 && pos.lon >= -180 && pos.lon <= 180 &&

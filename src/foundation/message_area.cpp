@@ -56,6 +56,13 @@ void gf_resetMessageArea() {
   gf_paintMessageArea();
 }
 
+void gf_resetMessageSeconds() {
+  std::lock_guard lock(gMessageMutex);
+  gArea.secondCounter = 0;
+  // A standing message keeps its remaining life.
+  if (gArea.messageBornAt >= 1) gArea.messageBornAt = 1;
+}
+
 MessageAreaText gf_messageArea() {
   std::lock_guard lock(gMessageMutex);
   return gArea;

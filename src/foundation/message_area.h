@@ -21,8 +21,11 @@ void setError(std::string_view text);
 void gf_clearErrorText();
 // Once a second: counts the second and clears a message that has stood long enough.
 void gf_ageMessage();
-// At the reset of a run: no error, no message, the second counter back to 0.
+// At the start of the process: no error, no message, the second counter back to 0.
 void gf_resetMessageArea();
+// At the reset of a run: the second counter back to 0. The texts stay; a restart clears them
+// itself, and an error must stay readable.
+void gf_resetMessageSeconds();
 
 struct MessageAreaText {
   std::string errorText;

@@ -71,7 +71,10 @@ bool saveDocument(pugi::xml_document& doc, const fs::path& file) {
   const bool ok = gf_writeFileAtomically(
       file, [&](std::ostream& out) { doc.save(out, "  ", pugi::format_default | pugi::format_no_declaration, pugi::encoding_utf8); },
       &error);
-  if (!ok) gf_logError("saving: {} failed ({})", file.string(), error);
+  if (!ok) {
+    gf_logError("saving: {} failed", file.string());
+    gf_log(error);
+  }
   return ok;
 }
 

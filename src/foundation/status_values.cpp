@@ -94,6 +94,10 @@ void lf_clearParkAirportBand() {
   changed |= s.maxParkPercent.store(0);
   changed |= s.removalsLeft.store(0);
   repaintIf(changed, ShownBand::ParkAirport);
+  // Without a park airport there is nothing to park, and no update to count down to.
+  bool controls = s.parkingPossible.store(false);
+  controls |= s.minutesToUpdate.store(20);
+  repaintIf(controls, ShownBand::Controls);
 }
 
 }  // namespace orv

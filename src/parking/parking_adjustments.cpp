@@ -1,14 +1,15 @@
-// Not built yet: there are no static aircraft to adjust or remove, and parking is never
-// possible, so no update is announced.
+// Not built yet: there are no static aircraft to adjust or remove. Parking is possible when the
+// park airport's file has been loaded, which marks it on the window.
 #include "parking/parking_adjustments.h"
+
+#include "foundation/status_values.h"
 
 namespace orv {
 
 void lf_periodicParking() {}
 void lf_adjustParking() {}
 void lf_removeAllStatic() {}
-bool lf_parkingPossible() { return false; }
-void lf_announceStaticUpdate() {}
+bool lf_parkingPossible() { return gParkingStatus.parkingPossible.load(); }
 void lf_clearParkAirport() {}
 
 }  // namespace orv

@@ -6,14 +6,13 @@ namespace orv {
 
 // The periodic parking step of the seconds work.
 void lf_periodicParking();
-// The second phase of an announced static update: brings the static aircraft up to date.
+// The second phase of an announced static update: brings the static aircraft up to date, when
+// a park airport with stands is set.
 void lf_adjustParking();
 // Removes every static aircraft from the simulator.
 void lf_removeAllStatic();
-// Whether there is a park airport to fill at all.
+// Whether there is a park airport to fill at all: what the window shows as parkingPossible.
 bool lf_parkingPossible();
-// Tells the user that static parking will be updated shortly and starts the update's phases.
-void lf_announceStaticUpdate();
 // Leaves the park airport, at closing down.
 void lf_clearParkAirport();
 

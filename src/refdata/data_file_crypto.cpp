@@ -37,18 +37,16 @@ void gf_streamDecrypt(const DataKey& key, const fs::path& encPath, const fs::pat
 
   std::array<unsigned char, kDataCipherChunk> cipher{};
   std::array<unsigned char, kDataPlainChunk> plain{};
-  bool first = true;
   std::size_t got = readUpTo(in, cipher.data(), cipher.size());
   while (got > 0) {
     unsigned long long plainLength = 0;
     unsigned char tag = 0;
     if (crypto_secretstream_xchacha20poly1305_pull(&state, plain.data(), &plainLength, &tag, cipher.data(), got,
                                                    nullptr, 0) != 0) {
-      // The header only seeds the stream, so a file made with another key (or a damaged
-      // header) shows itself at the first chunk.
-      throw std::runtime_error(first ? "Invalid header or key" : "Decryption failed");
+      // The header only seeds the stream: a file made with another key, or a damaged header,
+      // shows itself here too, at the first chunk.
+      throw std::runtime_error("Decryption failed");
     }
-    first = false;
     out.write(reinterpret_cast<const char*>(plain.data()), static_cast<std::streamsize>(plainLength));
     if (!out) throw std::runtime_error("Could not write output file: " + plainPath.string());
     if (tag == crypto_secretstream_xchacha20poly1305_TAG_FINAL) break;
@@ -77,7 +75,7 @@ bool decryptDataFile(const fs::path& encPath, const fs::path& plainPath) {
 void removeDataFile(const fs::path& path) {
   std::error_code ec;
   fs::remove(path, ec);
-  if (ec) gf_logError("Warning: could not remove {}, errorcode: {}", path.string(), ec.message());
+  if (ec) gf_log("Warning: could not remove {}, errorcode: {}", path.string(), ec.value());
 }
 
 }  // namespace orv

@@ -52,6 +52,17 @@ void lf_readWindowPosition() {
   lf_keepOnScreen(MAIN_WINDOW_X.defaultValue, MAIN_WINDOW_Y.defaultValue);
 }
 
+void lf_saveWindowPosition() {
+  const int oldX = MAIN_WINDOW_X.value;
+  const int oldY = MAIN_WINDOW_Y.value;
+  const Rect r = gf_window().restoredRect();
+  MAIN_WINDOW_X.set(r.left);
+  MAIN_WINDOW_Y.set(r.top);
+  saveInt(MAIN_WINDOW_X);
+  saveInt(MAIN_WINDOW_Y);
+  lf_keepOnScreen(oldX, oldY);
+}
+
 void lf_keepOnScreen(int fallbackX, int fallbackY, int width, int height) {
   if (atLimit(MAIN_WINDOW_X)) {
     MAIN_WINDOW_X.set(fallbackX);

@@ -17,6 +17,11 @@ void lf_readWindowPosition();
 // and is saved. Then the window rectangle is held to the nearest monitor's work area with
 // 48 pixels visible; a changed position is stored, saved, and the window moved. The window's
 // size is fixed, so its rectangle is known before the window exists.
+// At the end of the program: the restored window's left and top go into MAIN_WINDOW_X and
+// MAIN_WINDOW_Y, held to their limits and saved, then kept on screen with the values the two
+// parameters held before as fallback.
+void lf_saveWindowPosition();
+
 void lf_keepOnScreen(int fallbackX, int fallbackY, int width = kWindowWidth, int height = kWindowHeight);
 
 }  // namespace orv

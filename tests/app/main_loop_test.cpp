@@ -4,7 +4,16 @@
 
 #include <vector>
 
+#include "app/closing_down.h"
+#include "feed/traffic_decoder.h"
+#include "foundation/message_area.h"
+#include "foundation/parameters.h"
+#include "foundation/status_values.h"
+#include "parking/parking_run_state.h"
+#include "platform/window/headless_window.h"
 #include "simlink/sim_run_state.h"
+#include "ui/controls.h"
+#include "ui/run_requests.h"
 
 namespace orv {
 namespace {
@@ -75,28 +84,101 @@ TEST(MainLoopSchedule, ASecondTickReadsTheClockAgain) {
   EXPECT_EQ(runTicks(second, 5), (std::vector<long>{0, 14, 24, 38, 48}));
 }
 
-TEST(MainLoopSeconds, PeriodicWorkBySecond) {
-  struct Expect {
-    int second;
-    bool parking, feedStatus, twin, five, staticUpdate, every30;
-  } cases[] = {
-      {1, false, false, false, false, false, false},   {5, false, false, false, true, false, false},
-      {15, false, false, false, true, true, false},    {16, true, false, false, false, false, false},
-      {30, false, false, false, true, true, true},     {59, false, true, false, false, false, false},
-      {61, false, false, true, false, false, false},   {80, false, false, false, true, false, false},
-      {160, false, false, false, true, false, false},  {976, true, false, true, false, false, false},
-      {1200, false, false, false, true, true, true},    {3599, false, true, true, false, false, false},
-  };
-  for (const Expect& e : cases) {
-    const SecondWork w = lf_secondWork(e.second, false);
-    EXPECT_EQ(w.parking, e.parking) << e.second;
-    EXPECT_EQ(w.feedStatus, e.feedStatus) << e.second;
-    EXPECT_EQ(w.removeStaticTwin, e.twin) << e.second;
-    EXPECT_EQ(w.fiveSecond, e.five) << e.second;
-    EXPECT_EQ(w.staticUpdate, e.staticUpdate) << e.second;
-    EXPECT_EQ(w.every30, e.every30) << e.second;
+// The run's seconds, driven through the tick as the simulator's per-second block drives them,
+// on a headless window with the program's controls.
+class MainLoopSeconds : public testing::Test {
+ protected:
+  void SetUp() override {
+    gf_setWindow(&window);
+    lf_createControls();
+    gv_simRunning = true;
   }
-  EXPECT_FALSE(lf_secondWork(32, true).parking) << "not while a static update is in its second phase";
+  void TearDown() override { gf_setWindow(nullptr); }
+  void runTo(int second) {
+    while (gv_seconds < second) {
+      gv_secondTick = true;
+      ASSERT_TRUE(lf_tick());
+    }
+  }
+  bool enabled(const Control& c) { return window.control(c.controlId)->enabled; }
+  HeadlessWindow window;
+};
+
+TEST_F(MainLoopSeconds, AStaticUpdatePassesBothPhasesThenFreesReReadAndTheNextAnnouncement) {
+  gParkingStatus.parkingPossible.store(true);
+  gParkingStatus.minutesToUpdate.store(1);
+  runTo(59);
+  EXPECT_FALSE(gv_staticUpdatePending.load());
+  runTo(60);  // the minutes counter runs out
+  EXPECT_TRUE(gv_staticUpdatePending.load());
+  EXPECT_EQ(gf_messageArea().messageText, "Orvane will update static parking in 15 seconds ...");
+  EXPECT_FALSE(enabled(BUTTON_REREAD));
+
+  gv_reqReread = true;
+  runTo(74);
+  EXPECT_FALSE(gCollectCallsigns.load());
+  runTo(75);  // first phase: the feed collects the callsigns the adjustment will see
+  EXPECT_TRUE(gCollectCallsigns.load());
+  EXPECT_TRUE(gv_staticUpdateRunning.load());
+  runTo(89);
+  EXPECT_TRUE(gv_reqReread.load()) << "no Re-read while the update runs";
+  runTo(90);  // second phase
+  EXPECT_FALSE(gv_staticUpdatePending.load());
+  EXPECT_FALSE(gv_staticUpdateRunning.load());
+  EXPECT_EQ(gf_messageArea().messageText, "");
+  EXPECT_TRUE(enabled(WEEK));
+  EXPECT_TRUE(enabled(BUTTON_FLUSH_STATIC));
+  EXPECT_TRUE(enabled(BUTTON_NOW));
+  runTo(95);  // the next five-second mark serves the waiting Re-read
+  EXPECT_FALSE(gv_reqReread.load());
+  EXPECT_TRUE(enabled(BUTTON_REREAD));
+
+  gParkingStatus.minutesToUpdate.store(1);
+  runTo(120);
+  EXPECT_TRUE(gv_staticUpdatePending.load()) << "the next update is announced again";
+  EXPECT_EQ(gf_messageArea().messageText, "Orvane will update static parking in 15 seconds ...");
+}
+
+TEST_F(MainLoopSeconds, WithoutAParkAirportOrWithInitialLoadOnlyNothingIsAnnounced) {
+  gParkingStatus.minutesToUpdate.store(1);
+  runTo(60);
+  EXPECT_FALSE(gv_staticUpdatePending.load());
+  EXPECT_EQ(gParkingStatus.minutesToUpdate.load(), 20);
+  gParkingStatus.parkingPossible.store(true);
+  INITIAL_LOAD_ONLY.set(true);
+  gParkingStatus.minutesToUpdate.store(1);
+  runTo(120);
+  EXPECT_FALSE(gv_staticUpdatePending.load());
+  INITIAL_LOAD_ONLY.set(INITIAL_LOAD_ONLY.defaultValue);
+}
+
+TEST_F(MainLoopSeconds, ARestartBetweenThePhasesLeavesNoUpdateHalfDone) {
+  gParkingStatus.parkingPossible.store(true);
+  gParkingStatus.minutesToUpdate.store(1);
+  runTo(75);
+  ASSERT_TRUE(gv_staticUpdateRunning.load());
+  lf_resetRunState();
+  EXPECT_FALSE(gv_staticUpdatePending.load());
+  EXPECT_FALSE(gv_staticUpdateRunning.load());
+  EXPECT_FALSE(gv_staticUpdateSecondPhase);
+  EXPECT_EQ(gv_seconds, 0);
+}
+
+TEST_F(MainLoopSeconds, AResetZeroesTheMessageSecondsAndKeepsTheError) {
+  setMessage("a message");
+  runTo(10);
+  setError("an error");
+  lf_resetRunState();
+  EXPECT_EQ(gf_messageArea().secondCounter, 0u);
+  EXPECT_EQ(gf_messageArea().errorText, "an error");
+  gf_clearErrorText();
+  setMessage("after the restart");
+  EXPECT_EQ(gf_messageArea().messageBornAt, 1);
+  // Set at second 0, it is taken as born at second 1.
+  for (int i = 0; i < 25; ++i) gf_ageMessage();
+  EXPECT_EQ(gf_messageArea().messageText, "after the restart");
+  gf_ageMessage();
+  EXPECT_EQ(gf_messageArea().messageText, "") << "25 seconds after its birth second";
 }
 
 }  // namespace

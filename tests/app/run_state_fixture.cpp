@@ -4,6 +4,7 @@
 #include "app/closing_down.h"
 #include "app/process_state.h"
 #include "foundation/message_area.h"
+#include "foundation/status_values.h"
 
 namespace orv::test {
 
@@ -12,6 +13,7 @@ void resetRunState() {
   gf_resetMessageArea();
   lf_resetProcessState();
   lf_resetRunState();
+  lf_clearParkAirportBand();
 }
 
 }  // namespace orv::test

@@ -37,7 +37,11 @@ TEST_F(QnhLines, LinesWithoutAUsableQnhChangeNothing) {
   for (const char* value : {"null", "true", "[1013]", R"("abc")"}) EXPECT_EQ(qnh(value), 1015) << value;
   EXPECT_EQ(take("Q1013"), 1015);
   EXPECT_EQ(take("[1013]"), 1015);
+  // Only leading digits count: a sign is no digit, so "-5" would otherwise clamp to 900 hPa
+  // and take 3000 ft off every aircraft.
+  for (const char* value : {R"("-5")", R"("+1013")", R"(" 1013")"}) EXPECT_EQ(qnh(value), 1015) << value;
   const std::string text = log.text();
+  EXPECT_NE(text.find("\n==> QNH string parse error: -5 in {\"ICAO\":\"EDDF\",\"QNH\":\"-5\"}\n"), std::string::npos) << text;
   EXPECT_NE(text.find("\nno QNH {\"ICAO\":\"EDDF\",\"QNH\":null}\n"), std::string::npos) << text;
   EXPECT_NE(text.find("\n==> QNH string parse error: abc in {\"ICAO\":\"EDDF\",\"QNH\":\"abc\"}\n"), std::string::npos);
   EXPECT_NE(text.find(", in Q1013\n"), std::string::npos);

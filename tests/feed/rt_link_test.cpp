@@ -125,6 +125,19 @@ TEST_F(RtLink, ALostLinkRemovesTheLiveAircraftOnceAndTheNextStepOnlyAccepts) {
   EXPECT_EQ(again.receiveLine(), "Qs121=5000;10000;4.712389;364200;0;0.873246;0.149585\r\n");
 }
 
+TEST_F(RtLink, ClosingWhileTheVersionIsAwaitedNeitherConnectsNorComplains) {
+  test::RtPeer peer(port);
+  auto waiting = std::async(std::launch::async, waitForClient);
+  ASSERT_EQ(peer.receiveLine(), "Qs999=version\r\n");  // the link waits for the reply now
+  gv_userClosing = true;
+  requestStop(ExitReason::UserClosedSim, 0);
+  lf_closeRt();
+  ASSERT_EQ(waiting.wait_for(10s), std::future_status::ready);
+  EXPECT_EQ(log.text().find("RealTraffic connected"), std::string::npos) << log.text();
+  EXPECT_EQ(gf_messageArea().errorText, "");
+  EXPECT_FALSE(gFeedStatus.rtConnected.load());
+}
+
 TEST_F(RtLink, ClosingFreesABlockedAcceptAndATakenPortIsReported) {
   try {
     lf_openRtServer(std::to_string(port));

@@ -10,6 +10,7 @@
 
 #include "engine/engine_tables.h"
 #include "foundation/parameters.h"
+#include "foundation/time_text.h"
 #include "refdata/code_tables.h"
 #include "test_support.h"
 
@@ -107,6 +108,10 @@ TEST_F(TrafficDecoding, UnreadableFieldsAreLoggedAndDropped) {
   const std::string badAltitude = reportLine({{4, "high"}});
   const std::pair<std::map<int, std::string>, std::string> cases[] = {
       {{{14, ""}}, "exception in processLineSub: timestamp:\n"},
+      {{{14, "nan"}}, "exception in processLineSub: timestamp:nan\n"},
+      {{{14, "inf"}}, "exception in processLineSub: timestamp:inf\n"},
+      {{{14, "1e300"}}, "exception in processLineSub: timestamp:1e300\n"},
+      {{{14, "-1"}}, "exception in processLineSub: timestamp:-1\n"},
       {{{2, "fifty"}}, "exception in processLineSub: lat:fifty\n"},
       {{{2, "0.00005"}, {3, "0.00005"}}, "exception in processLineSub: invalid lalo: 0.000050,0.000050\n"},
       {{{2, "90.5"}}, "exception in processLineSub: invalid lalo: 90.500000,8.500000\n"},
@@ -128,6 +133,7 @@ TEST_F(TrafficDecoding, UnreadableFieldsAreLoggedAndDropped) {
   EXPECT_FALSE(decode(badAltitude));
   EXPECT_NE(log.text().find("altitude high incorrect, from: " + badAltitude + "\n"), std::string::npos);
   EXPECT_EQ(decoder.failedCount(), std::size(cases) + 1);
+  EXPECT_EQ(gv_feedTimestamp.load(), 1790000000) << "a time stamp that is no time changes no clock";
 
   // At 0.0, 1.0 the position is valid: only the range test drops it.
   decoder.setUserPosition(0.0, 1.0);

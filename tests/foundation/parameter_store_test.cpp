@@ -198,7 +198,7 @@ TEST_F(ParameterStore, ASaveThatCannotReplaceTheFileSaysSo) {
   DESTINATION.value = "LFPG";
   saveString(DESTINATION);
   EXPECT_TRUE(std::filesystem::is_directory(file()));
-  EXPECT_NE(log.text().find("==> saving: " + file().string() + " failed ("), std::string::npos) << log.text();
+  EXPECT_NE(log.text().find("\n==> saving: " + file().string() + " failed\n"), std::string::npos) << log.text();
 }
 
 TEST_F(ParameterStore, DerivedValues) {

@@ -102,6 +102,22 @@ TEST_F(WindowPositionTest, AtStartThePositionIsReadForTheWindowAlone) {
   EXPECT_FALSE(fs::exists(gf_parametersPath()));
 }
 
+TEST_F(WindowPositionTest, AtTheEndTheWindowsPlaceIsSavedForTheNextStart) {
+  window.moveWindow(640, 300);
+  lf_saveWindowPosition();
+  EXPECT_EQ(saved("MAIN_WINDOW_X"), "640");
+  EXPECT_EQ(saved("MAIN_WINDOW_Y"), "300");
+  MAIN_WINDOW_X.set(0);
+  lf_readWindowPosition();
+  EXPECT_EQ(MAIN_WINDOW_X.value, 640);
+
+  // Dragged almost off screen: what is saved is a place from which the user can grab it.
+  window.moveWindow(1900, 1030);
+  lf_saveWindowPosition();
+  EXPECT_EQ(saved("MAIN_WINDOW_X"), "1872");
+  EXPECT_EQ(saved("MAIN_WINDOW_Y"), "992");
+}
+
 TEST_F(WindowPositionTest, AnUnloadableFileIsKeptAsGenerationZeroAndRemoved) {
   test::LogCapture log;
   const std::string broken = "<root><parameters><parameter name=\"MAIN_WINDOW_X\" value=\"5\"/></root>";
