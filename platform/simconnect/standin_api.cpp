@@ -184,24 +184,12 @@ SIMCONNECTAPI SimConnect_CallDispatch(HANDLE hSimConnect, DispatchProc pfcnDispa
     ++w.dispatching;
   }
   // The callback runs unlocked: it may call SimConnect again, and another thread may step frames.
-  std::size_t delivered = 0;
-  try {
-    for (; delivered < batch.size(); ++delivered) {
-      Record& r = batch[delivered];
-      pfcnDispatch(reinterpret_cast<SIMCONNECT_RECV*>(r.data()), static_cast<DWORD>(r.size()), pContext);
-    }
-  } catch (...) {
-    // The records after the one that threw wait for the next dispatch, as they would in the queue.
-    std::lock_guard lock(w.mutex);
-    auto it = w.sessions.find(keyOf(hSimConnect));
-    if (it != w.sessions.end()) {
-      it->second.inbox.insert(it->second.inbox.begin(), batch.begin() + static_cast<std::ptrdiff_t>(delivered + 1),
-                              batch.end());
-    }
-    --w.dispatching;
-    w.changed.notify_all();
-    throw;
-  }
+  // The simulator's library is C code: an exception thrown by the callback cannot pass through
+  // it and ends the program. The noexcept call does the same here, so no client can rely on it.
+  const auto deliver = [&](Record& r) noexcept {
+    pfcnDispatch(reinterpret_cast<SIMCONNECT_RECV*>(r.data()), static_cast<DWORD>(r.size()), pContext);
+  };
+  for (Record& r : batch) deliver(r);
   std::lock_guard lock(w.mutex);
   --w.dispatching;
   w.changed.notify_all();

@@ -79,7 +79,7 @@ void lf_serve(const std::stop_token& stop, HANDLE& handle, bool& fineTimer) {
   // The result is not looked at: a session that is gone shows by its records or by the
   // requests that fail.
   while (!stop.stop_requested()) {
-    SimConnect_CallDispatch(handle, lf_dispatch, nullptr);
+    lf_callDispatch(handle);
     std::this_thread::sleep_for(1ms);
   }
 }

@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <exception>
 #include <mutex>
 #include <string>
+#include <utility>
 
 #include "foundation/log.h"
 #include "foundation/message_area.h"
@@ -290,6 +292,27 @@ void CALLBACK lf_dispatch(SIMCONNECT_RECV* record, DWORD size, void*) {
       gf_log("! Unknown Dispatch dwID {}", record->dwID);
       return;
   }
+}
+
+namespace {
+
+// The failure of the running dispatch; SimClient thread only.
+thread_local std::exception_ptr tDispatchFailure;
+
+void CALLBACK lf_guardedDispatch(SIMCONNECT_RECV* record, DWORD size, void* context) noexcept {
+  if (tDispatchFailure) return;  // the session ends on the first failure
+  try {
+    lf_dispatch(record, size, context);
+  } catch (...) {
+    tDispatchFailure = std::current_exception();
+  }
+}
+
+}  // namespace
+
+void lf_callDispatch(HANDLE handle) {
+  SimConnect_CallDispatch(handle, lf_guardedDispatch, nullptr);
+  if (std::exception_ptr failure = std::exchange(tDispatchFailure, nullptr)) std::rethrow_exception(failure);
 }
 
 void lf_resetDispatchState() { gv_asGenLogged = false; }

@@ -12,6 +12,11 @@ namespace orv {
 // version mismatch (95); the SimClient thread ends on them.
 void CALLBACK lf_dispatch(SIMCONNECT_RECV* record, DWORD size, void* context);
 
+// One SimConnect_CallDispatch with lf_dispatch behind a guard: nothing is thrown through the
+// simulator's library. The first exception of the call is kept, the records after it are
+// skipped, and it is thrown again here once CallDispatch has returned.
+void lf_callDispatch(HANDLE handle);
+
 // The open record: which simulator connected, and whether it is the chosen one.
 void lf_onOpen(const SIMCONNECT_RECV_OPEN& open);
 void lf_onException(const SIMCONNECT_RECV_EXCEPTION& exception);

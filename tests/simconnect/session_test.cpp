@@ -1,5 +1,6 @@
 // Sessions of the stand-in: opening, the open record, system events, failures, threads.
 #include <atomic>
+#include <stdexcept>
 #include <thread>
 
 #include "standin_fixture.h"
@@ -137,6 +138,19 @@ TEST_F(SessionTest, InjectedFailuresAndLostSessions) {
   EXPECT_TRUE(standin::sessionNames().empty());
   HANDLE third = nullptr;
   EXPECT_EQ(SimConnect_Open(&third, "Orvane", nullptr, 0, nullptr, 0), S_OK);
+}
+
+// The real library is C code: an exception thrown by the callback cannot pass through it.
+TEST_F(SessionTest, ACallbackThatThrowsEndsTheProcessAsWithTheRealLibrary) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_DEATH(
+      {
+        HANDLE h = startWith("{}");
+        SimConnect_SubscribeToSystemEvent(h, 201, "Sim");  // its present state waits to be delivered
+        SimConnect_CallDispatch(h, [](SIMCONNECT_RECV*, DWORD, void*) { throw std::runtime_error("from the callback"); },
+                                nullptr);
+      },
+      "");
 }
 
 // The SimClient thread polls while the test thread steps frames; nothing is lost or doubled.

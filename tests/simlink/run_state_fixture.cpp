@@ -4,6 +4,7 @@
 #include "engine/engine_tables.h"
 #include "foundation/message_area.h"
 #include "foundation/run_flags.h"
+#include "foundation/status_values.h"
 #include "simlink/create_failures.h"
 #include "simlink/sim_session.h"
 
@@ -15,6 +16,7 @@ void resetRunState() {
   gf_resetRunFlags();
   gf_resetEngine();
   gf_resetSimLink();
+  lf_resetStatusBand();
   // Refused titles are kept for the life of a process; each test is a process of its own.
   gFailedTitles.clear();
   gFailedTitleInfo.clear();
