@@ -221,8 +221,13 @@ SIMCONNECTAPI SimConnect_SubscribeToSystemEvent(HANDLE hSimConnect, SIMCONNECT_C
   const std::string name = systemEventName(c.record.detail);
   if (name.empty()) return c.raise(SIMCONNECT_EXCEPTION_NAME_UNRECOGNIZED);
   c.session->systemEvents[EventID] = name;
+  // These three tell their present state at once.
   if (name == "Sim" && c.w.scenario.simEventOnSubscribe) {
-    post(*c.session, makeEvent(recordVersion(c.w), EventID, c.w.inFlight && !c.w.paused ? 1 : 0));
+    post(*c.session, makeEvent(recordVersion(c.w), EventID, c.w.inFlight ? 1 : 0));
+  } else if (name == "Pause") {
+    post(*c.session, makeEvent(recordVersion(c.w), EventID, legacyPause(c.w.pauseFlags)));
+  } else if (name == "Pause_EX1") {
+    post(*c.session, makeEvent(recordVersion(c.w), EventID, c.w.pauseFlags));
   }
   return c.done();
 }
@@ -309,24 +314,30 @@ SIMCONNECTAPI SimConnect_RequestDataOnSimObjectType(HANDLE hSimConnect, SIMCONNE
   auto def = c.session->definitions.find(DefineID);
   if (def == c.session->definitions.end()) return c.raise(SIMCONNECT_EXCEPTION_UNRECOGNIZED_ID);
   if (type > SIMCONNECT_SIMOBJECT_TYPE_GROUND) return c.raise(SIMCONNECT_EXCEPTION_ERROR);
-  // Every object of the stand-in is an aircraft; the user is always within the radius.
+  // The SDK's limit; above it the simulator answers with an exception, not a smaller radius.
+  if (dwRadiusMeters > 200000) return c.raise(SIMCONNECT_EXCEPTION_OUT_OF_BOUNDS);
+  // Objects of the stand-in are aircraft or helicopters; none is a boat or a ground vehicle.
+  const auto ofType = [type](const SimObject& o) {
+    if (type == SIMCONNECT_SIMOBJECT_TYPE_ALL) return true;
+    if (type == SIMCONNECT_SIMOBJECT_TYPE_AIRCRAFT) return !o.state.helicopter;
+    if (type == SIMCONNECT_SIMOBJECT_TYPE_HELICOPTER) return o.state.helicopter;
+    return false;
+  };
   std::vector<const SimObject*> found;
-  if (type == SIMCONNECT_SIMOBJECT_TYPE_USER || type == SIMCONNECT_SIMOBJECT_TYPE_ALL ||
-      type == SIMCONNECT_SIMOBJECT_TYPE_AIRCRAFT) {
-    const SimObject* user = findObject(c.w, SIMCONNECT_OBJECT_ID_USER);
-    const double radius = std::min<double>(dwRadiusMeters, 200000.0);
-    for (const auto& [id, o] : c.w.objects) {
-      if (o.state.isUser) {
-        found.push_back(&o);
-        continue;
-      }
-      if (type == SIMCONNECT_SIMOBJECT_TYPE_USER || radius <= 0 || user == nullptr) continue;
-      const double la1 = user->state.latitude * 0.017453292519943295, la2 = o.state.latitude * 0.017453292519943295;
-      const double dla = la2 - la1, dlo = (o.state.longitude - user->state.longitude) * 0.017453292519943295;
-      const double h = std::sin(dla / 2) * std::sin(dla / 2) + std::cos(la1) * std::cos(la2) * std::sin(dlo / 2) * std::sin(dlo / 2);
-      const double metres = 2 * 6371008.8 * std::asin(std::min(1.0, std::sqrt(h)));
-      if (metres <= radius) found.push_back(&o);
+  const SimObject* user = findObject(c.w, SIMCONNECT_OBJECT_ID_USER);
+  const double radius = dwRadiusMeters;
+  for (const auto& [id, o] : c.w.objects) {
+    // The user is always within the radius.
+    if (o.state.isUser) {
+      if (type == SIMCONNECT_SIMOBJECT_TYPE_USER || ofType(o)) found.push_back(&o);
+      continue;
     }
+    if (!ofType(o) || radius <= 0 || user == nullptr) continue;
+    const double la1 = user->state.latitude * 0.017453292519943295, la2 = o.state.latitude * 0.017453292519943295;
+    const double dla = la2 - la1, dlo = (o.state.longitude - user->state.longitude) * 0.017453292519943295;
+    const double h = std::sin(dla / 2) * std::sin(dla / 2) + std::cos(la1) * std::cos(la2) * std::sin(dlo / 2) * std::sin(dlo / 2);
+    const double metres = 2 * 6371008.8 * std::asin(std::min(1.0, std::sqrt(h)));
+    if (metres <= radius) found.push_back(&o);
   }
   const SimContext context = simContext(c.w);
   const auto outOf = static_cast<DWORD>(found.size());

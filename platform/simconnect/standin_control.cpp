@@ -143,7 +143,13 @@ void setInFlight(bool inFlight) {
 void setPaused(bool paused) {
   World& w = world();
   auto lock = locked(w);
-  detail::setPaused(w, paused);
+  detail::setPauseFlags(w, paused ? detail::kPauseFull : 0);
+}
+
+void setActivePause(bool paused) {
+  World& w = world();
+  auto lock = locked(w);
+  detail::setPauseFlags(w, paused ? detail::kPauseActive : 0);
 }
 
 void loadFlight(std::string_view file) { fileEvent("FlightLoaded", file); }

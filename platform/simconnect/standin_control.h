@@ -45,6 +45,7 @@ struct ObjectState {
   std::string title;
   std::string atcId;     // the callsign ("ATC ID"); the tail number given at creation
   std::string atcModel;  // "ATC MODEL"
+  bool helicopter = false;  // of the helicopter type: ObjectAdded and the by-type requests say so
   double latitude = 0, longitude = 0, altitudeFt = 0;
   double pitchRad = 0, bankRad = 0, headingRad = 0;
   double verticalSpeedFps = 0, trueAirspeedKt = 0, groundSpeedKt = 0;
@@ -135,8 +136,11 @@ bool waitForSession(std::string_view name, std::chrono::milliseconds timeout = s
 
 // A flight running (true) or the menus (false): "Sim" event, with "SimStart"/"SimStop".
 void setInFlight(bool inFlight);
-// Pause of a running flight: "Pause" event with "Paused"/"Unpaused", and "Sim" follows.
+// A full pause of the flight: "Pause_EX1" (flags 1), "Pause" with "Paused"/"Unpaused". "Sim"
+// stays as it is: a paused flight still runs.
 void setPaused(bool paused);
+// The active pause: "Pause_EX1" with flags 4 only.
+void setActivePause(bool paused);
 // "FlightLoaded" with a file name record.
 void loadFlight(std::string_view file);
 // Any file name event: "FlightLoaded", "FlightSaved", "AircraftLoaded", "FlightPlanActivated".

@@ -48,7 +48,7 @@ SIMCONNECT_DATA_INITPOSITION initPosition(const World& w, const Placement& p, st
 void runScripted(World& w, const ScriptedEvent& e) {
   switch (e.kind) {
     case ScriptKind::InFlight: setInFlight(w, e.flag); break;
-    case ScriptKind::Pause: setPaused(w, e.flag); break;
+    case ScriptKind::Pause: setPauseFlags(w, e.flag ? (e.value != 0 ? kPauseActive : kPauseFull) : 0); break;
     case ScriptKind::FileEvent: broadcastFileEvent(w, systemEventName(e.text), e.text2); break;
     case ScriptKind::Quit: quit(w, true); break;
     case ScriptKind::LoseSessions: loseAllSessions(w); break;
@@ -158,7 +158,9 @@ void sendClockEvents(World& w) {
   }
   for (auto& [key, s] : w.sessions) {
     for (const auto& [eventId, name] : s.systemEvents) {
-      if (name == "Frame") post(s, makeFrame(recordVersion(w), eventId, static_cast<float>(rate), 1.0f));
+      // Frames are drawn in a pause too; "PauseFrame" comes only then.
+      if (name == "Frame" || (name == "PauseFrame" && w.pauseFlags != 0))
+        post(s, makeFrame(recordVersion(w), eventId, static_cast<float>(rate), 1.0f));
     }
   }
 }

@@ -29,6 +29,10 @@ constexpr BuiltinStatics kBuiltinStatics[] = {
     {"B38M", {8.6, 0.5}}, {"B772", {14.0, 0.2}}, {"B77W", {14.2, 0.2}}, {"B744", {15.5, 0.3}},
     {"B748", {15.8, 0.3}}, {"B788", {13.0, 0.3}}, {"E190", {7.5, 0.6}}, {"CRJ7", {7.0, 0.8}},
     {"DH8D", {8.0, 0.0}}, {"AT76", {8.0, 0.3}}, {"C172", {4.0, 1.5}}, {"TBM9", {5.0, 1.0}},
+    {"EC35", {4.5, 0.0, true}}, {"EC45", {4.8, 0.0, true}}, {"H135", {4.5, 0.0, true}},
+    {"H145", {4.8, 0.0, true}}, {"H125", {4.3, 0.0, true}}, {"AS50", {4.3, 0.0, true}},
+    {"B06", {4.0, 0.0, true}},  {"B407", {4.2, 0.0, true}}, {"R44", {3.5, 0.0, true}},
+    {"S76", {5.5, 0.0, true}},  {"A109", {4.6, 0.0, true}}, {"CABR", {3.5, 0.0, true}},
 };
 constexpr ModelStatics kDefaultStatics{8.0, 0.5};
 
@@ -212,10 +216,11 @@ void readModels(const Reader& r, const json& j, std::map<std::string, ModelStati
   for (const auto& item : j.items()) {
     const std::string where = fmt::format("models.{}", item.key());
     r.requireObject(item.value(), where);
-    r.checkKeys(item.value(), where, {"cgFt", "pitchDeg"});
+    r.checkKeys(item.value(), where, {"cgFt", "pitchDeg", "helicopter"});
     ModelStatics m = modelStatics(Scenario{}, item.key());
     r.number(item.value(), where, "cgFt", m.cgFt);
     r.number(item.value(), where, "pitchDeg", m.pitchDeg);
+    r.boolean(item.value(), where, "helicopter", m.helicopter);
     if (m.cgFt < 0) r.fail(where, "cgFt must not be negative");
     models[item.key()] = m;
   }
@@ -328,10 +333,13 @@ ScriptedEvent readEvent(const Reader& r, const json& j, std::size_t i) {
     e.kind = ScriptKind::InFlight;
     r.boolean(j, where, "running", e.flag);
   } else if (type == "pause") {
-    r.checkKeys(j, where, {"at", "type", "paused"});
+    r.checkKeys(j, where, {"at", "type", "paused", "active"});
     r.requireKey(j, where, "paused");
     e.kind = ScriptKind::Pause;
     r.boolean(j, where, "paused", e.flag);
+    bool active = false;
+    r.boolean(j, where, "active", active);
+    e.value = active ? 1 : 0;
   } else if (type == "flightLoaded") {
     r.checkKeys(j, where, {"at", "type", "file"});
     e.kind = ScriptKind::FileEvent;

@@ -41,6 +41,7 @@ struct TitleEntry {
 struct ModelStatics {
   double cgFt = 0;
   double pitchDeg = 0;
+  bool helicopter = false;  // its objects are of the helicopter type, not aircraft
 };
 
 struct ParkingEntry {
@@ -65,7 +66,7 @@ struct AirportEntry {
 
 enum class ScriptKind {
   InFlight,      // flag: flight running or menus
-  Pause,         // flag: paused
+  Pause,         // flag: paused; value 1: an active pause
   FileEvent,     // text: system event, text2: file
   Quit,
   LoseSessions,

@@ -12,12 +12,12 @@ constexpr double kRadiansPerDegree = 0.017453292519943295;
 constexpr std::size_t kCallLogLimit = 100000;
 constexpr std::size_t kObjectLogLimit = 10000;
 
-constexpr std::array<std::string_view, 23> kSystemEvents = {
+constexpr std::array<std::string_view, 24> kSystemEvents = {
     "1sec",     "4sec",       "6Hz",         "AircraftLoaded",      "Crashed",
     "CrashReset", "FlightLoaded", "FlightSaved", "FlightPlanActivated", "FlightPlanDeactivated",
-    "Frame",    "ObjectAdded", "ObjectRemoved", "Pause",             "Paused",
-    "PauseFrame", "PositionChanged", "Sim",     "SimStart",            "SimStop",
-    "Sound",    "Unpaused",   "View",
+    "Frame",    "ObjectAdded", "ObjectRemoved", "Pause",             "Pause_EX1",
+    "Paused",   "PauseFrame", "PositionChanged", "Sim",             "SimStart",
+    "SimStop",  "Sound",      "Unpaused",    "View",
 };
 
 constexpr std::array<std::string_view, 17> kSimEvents = {
@@ -52,7 +52,6 @@ void setLight(ObjectState& o, std::int64_t bit, DWORD data) {
   }
 }
 
-bool simRunning(const World& w) { return w.inFlight && !w.paused; }
 
 }  // namespace
 
@@ -80,7 +79,7 @@ void buildWorld(World& w) {
   const Scenario& s = w.scenario;
   w.frame = 0;
   w.inFlight = s.inFlight;
-  w.paused = s.paused;
+  w.pauseFlags = s.paused ? kPauseFull : 0;
   w.terrainFt = s.terrainElevationFt;
   w.maxAiObjects = s.maxAiObjects;
   w.objects.clear();
@@ -140,6 +139,7 @@ DWORD addObject(World& w, std::string_view title, std::string_view atcId, std::s
   const ModelStatics statics = modelStatics(w.scenario, model);
   s.staticCgFt = statics.cgFt;
   s.staticPitchRad = statics.pitchDeg * kRadiansPerDegree;
+  s.helicopter = statics.helicopter;
   s.latitude = p.Latitude;
   s.longitude = p.Longitude;
   s.altitudeFt = p.OnGround != 0 ? w.terrainFt + s.staticCgFt : p.Altitude;
@@ -222,36 +222,43 @@ void broadcastFileEvent(World& w, std::string_view systemEvent, std::string_view
   }
 }
 
+SIMCONNECT_SIMOBJECT_TYPE objectType(const World& w, DWORD objectId) {
+  const auto live = w.objects.find(objectId);
+  const SimObject* o = live != w.objects.end() ? &live->second : nullptr;
+  if (o == nullptr) {
+    const auto gone = w.removed.find(objectId);
+    if (gone != w.removed.end()) o = &gone->second;
+  }
+  return o != nullptr && o->state.helicopter ? SIMCONNECT_SIMOBJECT_TYPE_HELICOPTER : SIMCONNECT_SIMOBJECT_TYPE_AIRCRAFT;
+}
+
 void broadcastObjectEvent(World& w, std::string_view systemEvent, DWORD objectId) {
   for (auto& [key, s] : w.sessions) {
     for (const auto& [eventId, name] : s.systemEvents) {
       if (name == systemEvent) {
-        post(s, makeObjectAddRemove(recordVersion(w), eventId, objectId, SIMCONNECT_SIMOBJECT_TYPE_AIRCRAFT));
+        post(s, makeObjectAddRemove(recordVersion(w), eventId, objectId, objectType(w, objectId)));
       }
     }
   }
 }
 
+// "Sim" tells whether a flight runs, not whether it is paused: a pause of any kind leaves it.
 void setInFlight(World& w, bool inFlight) {
-  const bool before = simRunning(w);
+  if (w.inFlight == inFlight) return;
   w.inFlight = inFlight;
-  const bool after = simRunning(w);
-  if (before == after) return;
-  broadcastSystemEvent(w, "Sim", after ? 1 : 0);
-  broadcastSystemEvent(w, after ? "SimStart" : "SimStop", 0);
+  broadcastSystemEvent(w, "Sim", inFlight ? 1 : 0);
+  broadcastSystemEvent(w, inFlight ? "SimStart" : "SimStop", 0);
 }
 
-void setPaused(World& w, bool paused) {
-  if (w.paused == paused) return;
-  const bool before = simRunning(w);
-  w.paused = paused;
-  broadcastSystemEvent(w, "Pause", paused ? 1 : 0);
-  broadcastSystemEvent(w, paused ? "Paused" : "Unpaused", 0);
-  const bool after = simRunning(w);
-  if (before != after) {
-    broadcastSystemEvent(w, "Sim", after ? 1 : 0);
-    broadcastSystemEvent(w, after ? "SimStart" : "SimStop", 0);
-  }
+void setPauseFlags(World& w, DWORD flags) {
+  if (w.pauseFlags == flags) return;
+  const DWORD before = legacyPause(w.pauseFlags);
+  w.pauseFlags = flags;
+  broadcastSystemEvent(w, "Pause_EX1", flags);
+  const DWORD after = legacyPause(flags);
+  if (before == after) return;
+  broadcastSystemEvent(w, "Pause", after);
+  broadcastSystemEvent(w, after ? "Paused" : "Unpaused", 0);
 }
 
 void sendObjectData(World& w, Session& session, DWORD requestId, DWORD defineId, const SimObject& object,

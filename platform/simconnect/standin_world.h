@@ -91,7 +91,7 @@ struct World {
   Scenario scenario;
   bool up = false;
   bool inFlight = true;
-  bool paused = false;
+  DWORD pauseFlags = 0;  // as "Pause_EX1" tells them: 1 full pause, 4 active pause, 8 sim pause
   Clock clock = Clock::Stepped;
   std::uint64_t frame = 0;
   double terrainFt = 0;
@@ -146,9 +146,15 @@ void applyClientEvent(SimObject& object, const std::string& simEvent, DWORD data
 void post(Session& session, Record record);
 void broadcastSystemEvent(World& w, std::string_view systemEvent, DWORD data);
 void broadcastFileEvent(World& w, std::string_view systemEvent, std::string_view file);
+// Aircraft, or helicopter for a rotorcraft model; removed objects keep theirs.
+SIMCONNECT_SIMOBJECT_TYPE objectType(const World& w, DWORD objectId);
 void broadcastObjectEvent(World& w, std::string_view systemEvent, DWORD objectId);
 void setInFlight(World& w, bool inFlight);
-void setPaused(World& w, bool paused);
+void setPauseFlags(World& w, DWORD flags);
+// The flags of "Pause_EX1" (the SDK's PAUSE_STATE_FLAG_ values).
+inline constexpr DWORD kPauseFull = 1, kPauseActive = 4;
+// The older "Pause" event: 1 in a full pause.
+inline DWORD legacyPause(DWORD flags) { return (flags & 3) != 0 ? 1 : 0; }
 void sendObjectData(World& w, Session& session, DWORD requestId, DWORD defineId, const SimObject& object,
                     DWORD flags);
 

@@ -1,5 +1,7 @@
 #include "simlink/object_requests.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <mutex>
 
 #include "foundation/log.h"
@@ -14,10 +16,16 @@ namespace orv {
 void lf_requestAircraftInRange() {
   if (gv_simRequestFailed.load()) return;
   HRESULT hr = S_OK;
+  const auto radius = static_cast<DWORD>(std::clamp<std::int32_t>(gv_rangeMeters, 0, static_cast<std::int32_t>(kMaxRadiusMeters)));
   {
     std::lock_guard lock(gSimMutex);
-    hr = SimConnect_RequestDataOnSimObjectType(gv_simHandle, kReqInRange, kDefInRange,
-                                               static_cast<DWORD>(gv_rangeMeters), SIMCONNECT_SIMOBJECT_TYPE_AIRCRAFT);
+    hr = SimConnect_RequestDataOnSimObjectType(gv_simHandle, kReqInRange, kDefInRange, radius,
+                                               SIMCONNECT_SIMOBJECT_TYPE_AIRCRAFT);
+    // The helicopters we create are objects of their own type; without them they would never
+    // be seen to appear.
+    if (SUCCEEDED(hr))
+      hr = SimConnect_RequestDataOnSimObjectType(gv_simHandle, kReqHelicoptersInRange, kDefInRange, radius,
+                                                 SIMCONNECT_SIMOBJECT_TYPE_HELICOPTER);
   }
   if (FAILED(hr)) {
     gf_logError("SimConnect request ac within range fails");

@@ -13,12 +13,13 @@ struct SystemEvent {
   const char* name;
 };
 
-constexpr std::array<SystemEvent, 5> kSystemEvents{{
+constexpr std::array<SystemEvent, 6> kSystemEvents{{
     {kEvSim, "Sim"},
     {kEvObjectAdded, "ObjectAdded"},
     {kEvObjectRemoved, "ObjectRemoved"},
     {kEvFrame, "Frame"},
     {kEvFlightLoaded, "FlightLoaded"},
+    {kEvPause, "Pause_EX1"},
 }};
 
 struct Datum {

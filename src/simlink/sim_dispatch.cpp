@@ -83,19 +83,30 @@ void lf_onNewFlight(std::uint32_t eventId) {
   requestStop(ExitReason::NewFlight, 45);
 }
 
+// A flight counts as running while it runs and no pause of any kind holds it.
+void lf_updateSimRunning() {
+  const bool running = gv_flightRunning.load() && !gv_flightPaused.load();
+  gv_simRunning = running;
+  gSimStatus.running.store(running);
+  gf_repaint(ShownBand::Status);
+}
+
 void lf_onEvent(const SIMCONNECT_RECV_EVENT& event) {
   if (event.uEventID == kEvSim) {
-    const bool running = event.dwData == 1;
-    gv_simRunning = running;
-    gSimStatus.running.store(running);
-    gf_repaint(ShownBand::Status);
+    gv_flightRunning = event.dwData == 1;
+    lf_updateSimRunning();
+  } else if (event.uEventID == kEvPause) {
+    gv_flightPaused = event.dwData != 0;
+    lf_updateSimRunning();
   } else if (event.uEventID == kEvFlightLoaded) {
     lf_onNewFlight(event.uEventID);
   }
 }
 
 void lf_onObjectAddRemove(const SIMCONNECT_RECV_EVENT_OBJECT_ADDREMOVE& event) {
-  if (static_cast<std::uint32_t>(event.eObjType) != kObjectTypeAircraft) return;
+  // Helicopters are objects of a type of their own; both kinds are traffic.
+  const auto type = static_cast<std::uint32_t>(event.eObjType);
+  if (type != kObjectTypeAircraft && type != kObjectTypeHelicopter) return;
   const std::uint32_t objectid = event.dwData;
   if (event.uEventID == kEvObjectAdded) {
     if (gf_isAiObject(objectid)) gAddedObjects.push_back(objectid);
@@ -285,7 +296,8 @@ void CALLBACK lf_dispatch(SIMCONNECT_RECV* record, DWORD size, void*) {
       if (auto* d = lf_as<SIMCONNECT_RECV_SIMOBJECT_DATA>(record, size)) lf_onObjectData(*d, size);
       return;
     case SIMCONNECT_RECV_ID_SIMOBJECT_DATA_BYTYPE:
-      if (auto* d = lf_as<SIMCONNECT_RECV_SIMOBJECT_DATA>(record, size); d && d->dwRequestID == kReqInRange)
+      if (auto* d = lf_as<SIMCONNECT_RECV_SIMOBJECT_DATA>(record, size);
+          d && (d->dwRequestID == kReqInRange || d->dwRequestID == kReqHelicoptersInRange))
         lf_onAircraftInRange(*d, size);
       return;
     default:

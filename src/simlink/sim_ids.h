@@ -16,6 +16,7 @@ inline constexpr std::uint32_t kReqUserModel = 107;     // definition 408
 inline constexpr std::uint32_t kReqGroundAir = 108;     // definition 409, every second
 inline constexpr std::uint32_t kReqUserPosition = 109;  // definition 403
 inline constexpr std::uint32_t kReqFlightPlan = 110;
+inline constexpr std::uint32_t kReqHelicoptersInRange = 111;  // helicopters within range, definition 404
 
 // Data definitions.
 inline constexpr std::uint32_t kDefLevers = 401;        // spoilers and two throttles, written
@@ -33,6 +34,8 @@ inline constexpr std::uint32_t kEvObjectAdded = 202;
 inline constexpr std::uint32_t kEvObjectRemoved = 203;
 inline constexpr std::uint32_t kEvFrame = 204;
 inline constexpr std::uint32_t kEvFlightLoaded = 205;
+// "Pause_EX1": "Sim" stays 1 in a pause of the flight, so pauses are told by their own event.
+inline constexpr std::uint32_t kEvPause = 223;
 
 // Client events.
 inline constexpr std::uint32_t kEvBeaconLights = 206;
@@ -57,5 +60,9 @@ inline constexpr std::uint32_t kGroupAiEvents = 301;
 
 // Object types of the simulator as its records carry them.
 inline constexpr std::uint32_t kObjectTypeAircraft = 2;
+inline constexpr std::uint32_t kObjectTypeHelicopter = 3;
+
+// The largest radius the simulator takes for objects by type; beyond it the request fails.
+inline constexpr std::uint32_t kMaxRadiusMeters = 200000;
 
 }  // namespace orv

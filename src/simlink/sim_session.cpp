@@ -32,6 +32,8 @@ void lf_simRequestError() {
 
 void gf_resetSimLink() {
   gv_simRunning = false;
+  gv_flightRunning = false;
+  gv_flightPaused = false;
   gv_simRequestFailed = false;
   gv_secondTick = false;
   gv_userObjectId = 2;

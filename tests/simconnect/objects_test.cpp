@@ -9,7 +9,9 @@ namespace {
 constexpr const char* kScenario = R"({
   "terrainElevationFt": 364,
   "user": {"latitude": 50.0379, "longitude": 8.5622, "onGround": true, "atcId": "D-EUSR"},
-  "titles": [{"title": "Airbus A320 Lufthansa", "model": "A320"}, "Boeing 737-800 Ryanair"]
+  "titles": [{"title": "Airbus A320 Lufthansa", "model": "A320"}, "Boeing 737-800 Ryanair",
+             {"title": "Airbus H135 ADAC", "model": "H135"}, {"title": "Gyro Club Special", "model": "GYRO"}],
+  "models": {"GYRO": {"cgFt": 3, "helicopter": true}}
 })";
 
 class ObjectsTest : public StandinTest {
@@ -28,7 +30,7 @@ class ObjectsTest : public StandinTest {
     ASSERT_TRUE(dispatchAll(h).empty());
   }
 
-  // Creates an aircraft near the user and gives the send id of the call.
+  // Creates an aircraft nearby the user and gives the send id of the call.
   DWORD create(const char* title, const char* callsign, double altitudeFt = 3000) {
     SIMCONNECT_DATA_INITPOSITION pos{};
     pos.Latitude = 50.05;
@@ -41,9 +43,14 @@ class ObjectsTest : public StandinTest {
     return sendId;
   }
 
-  std::vector<RecordBytes> inRange(DWORD radius) {
-    EXPECT_EQ(SimConnect_RequestDataOnSimObjectType(h, 101, 404, radius, SIMCONNECT_SIMOBJECT_TYPE_AIRCRAFT), S_OK);
+  std::vector<RecordBytes> inRange(DWORD radius, SIMCONNECT_SIMOBJECT_TYPE type = SIMCONNECT_SIMOBJECT_TYPE_AIRCRAFT) {
+    EXPECT_EQ(SimConnect_RequestDataOnSimObjectType(h, 101, 404, radius, type), S_OK);
     return ofId(dispatchAll(h), SIMCONNECT_RECV_ID_SIMOBJECT_DATA_BYTYPE);
+  }
+  std::vector<DWORD> idsOf(const std::vector<RecordBytes>& replies) {
+    std::vector<DWORD> ids;
+    for (const auto& r : replies) ids.push_back(recordAs<SIMCONNECT_RECV_SIMOBJECT_DATA>(r).dwObjectID);
+    return ids;
   }
 };
 
@@ -156,16 +163,16 @@ TEST_F(ObjectsTest, ClosingASessionRemovesTheAircraftItMade) {
 }
 
 TEST_F(ObjectsTest, ByTypeRepliesFollowTheRadiusAndMayPrecedeObjectAdded) {
-  const DWORD far = standin::addForeignAircraft("Some Asobo Airliner", "AS-GEN", 50.5, 8.5622, 12000.0);
-  const DWORD near = standin::addForeignAircraft("Some Asobo Airliner", "", 50.04, 8.5622);
+  const DWORD farAway = standin::addForeignAircraft("Some Asobo Airliner", "AS-GEN", 50.5, 8.5622, 12000.0);
+  const DWORD nearby = standin::addForeignAircraft("Some Asobo Airliner", "", 50.04, 8.5622);
   dispatchAll(h);
   // 0.4622 degrees of latitude lie 51.4 km from the user.
   EXPECT_EQ(inRange(0).size(), 1u);
   EXPECT_EQ(inRange(10000).size(), 2u);
   const auto all = inRange(60000);
   ASSERT_EQ(all.size(), 3u);
-  EXPECT_EQ(recordAs<SIMCONNECT_RECV_SIMOBJECT_DATA>(all[1]).dwObjectID, far);
-  EXPECT_EQ(recordAs<SIMCONNECT_RECV_SIMOBJECT_DATA>(all[2]).dwObjectID, near);
+  EXPECT_EQ(recordAs<SIMCONNECT_RECV_SIMOBJECT_DATA>(all[1]).dwObjectID, farAway);
+  EXPECT_EQ(recordAs<SIMCONNECT_RECV_SIMOBJECT_DATA>(all[2]).dwObjectID, nearby);
   EXPECT_EQ(blockOf(all[2])[24], 0) << "an aircraft without ATC ID gives an empty text";
   standin::reset();
 
@@ -180,6 +187,44 @@ TEST_F(ObjectsTest, ByTypeRepliesFollowTheRadiusAndMayPrecedeObjectAdded) {
   EXPECT_TRUE(dispatchAll(h).empty());
   standin::advanceFrames(1);
   EXPECT_EQ(ofId(dispatchAll(h), SIMCONNECT_RECV_ID_EVENT_OBJECT_ADDREMOVE).size(), 1u);
+}
+
+TEST_F(ObjectsTest, RotorcraftAreObjectsOfTheHelicopterType) {
+  create("Airbus H135 ADAC", "CHX22");
+  create("Gyro Club Special", "GYR1");  // a helicopter by the scenario's own model table
+  create("Airbus A320 Lufthansa", "DLH1");
+  standin::advanceFrames(1);
+  std::vector<std::pair<DWORD, SIMCONNECT_SIMOBJECT_TYPE>> added;
+  for (const auto& r : ofId(dispatchAll(h), SIMCONNECT_RECV_ID_EVENT_OBJECT_ADDREMOVE)) {
+    const auto e = recordAs<SIMCONNECT_RECV_EVENT_OBJECT_ADDREMOVE>(r);
+    added.emplace_back(e.dwData, e.eObjType);
+  }
+  ASSERT_EQ(added.size(), 3u);
+  EXPECT_EQ(added[0].second, SIMCONNECT_SIMOBJECT_TYPE_HELICOPTER);
+  EXPECT_EQ(added[1].second, SIMCONNECT_SIMOBJECT_TYPE_HELICOPTER);
+  EXPECT_EQ(added[2].second, SIMCONNECT_SIMOBJECT_TYPE_AIRCRAFT);
+  const DWORD user = standin::userObjectId();
+  EXPECT_EQ(idsOf(inRange(20000)), (std::vector<DWORD>{user, added[2].first}));
+  EXPECT_EQ(idsOf(inRange(20000, SIMCONNECT_SIMOBJECT_TYPE_HELICOPTER)), (std::vector<DWORD>{added[0].first, added[1].first}));
+  EXPECT_EQ(inRange(20000, SIMCONNECT_SIMOBJECT_TYPE_ALL).size(), 4u);
+
+  ASSERT_EQ(SimConnect_AIRemoveObject(h, added[0].first, 105), S_OK);
+  standin::advanceFrames(1);
+  const auto removed = ofId(dispatchAll(h), SIMCONNECT_RECV_ID_EVENT_OBJECT_ADDREMOVE);
+  ASSERT_EQ(removed.size(), 1u);
+  EXPECT_EQ(recordAs<SIMCONNECT_RECV_EVENT_OBJECT_ADDREMOVE>(removed[0]).eObjType, SIMCONNECT_SIMOBJECT_TYPE_HELICOPTER);
+}
+
+TEST_F(ObjectsTest, ARadiusBeyondTheLimitIsAnExceptionNotASmallerRadius) {
+  EXPECT_EQ(inRange(200000).size(), 1u);
+  EXPECT_EQ(SimConnect_RequestDataOnSimObjectType(h, 101, 404, 200001, SIMCONNECT_SIMOBJECT_TYPE_AIRCRAFT), S_OK);
+  DWORD sendId = 0;
+  SimConnect_GetLastSentPacketID(h, &sendId);
+  const auto records = dispatchAll(h);
+  ASSERT_EQ(records.size(), 1u);
+  const auto ex = recordAs<SIMCONNECT_RECV_EXCEPTION>(records[0]);
+  EXPECT_EQ(ex.dwException, static_cast<DWORD>(SIMCONNECT_EXCEPTION_OUT_OF_BOUNDS));
+  EXPECT_EQ(ex.dwSendID, sendId);
 }
 
 }  // namespace

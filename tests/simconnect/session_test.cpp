@@ -58,7 +58,7 @@ TEST_F(SessionTest, OpenRecordNamesTheSimulatorAndItsVersion) {
   EXPECT_EQ(open.dwApplicationBuildMinor, 999u);
 }
 
-TEST_F(SessionTest, SimEventFollowsFlightAndPauseAndFramesComeOncePerFrame) {
+TEST_F(SessionTest, SimFollowsTheFlightPauseEventsTheirPauseAndFramesGoOnWhilePaused) {
   HANDLE h = startWith(R"({"inFlight": false})");
   ASSERT_EQ(SimConnect_SubscribeToSystemEvent(h, 201, "sim"), S_OK);  // names are not case-sensitive
   ASSERT_EQ(SimConnect_SubscribeToSystemEvent(h, 204, "Frame"), S_OK);
@@ -74,19 +74,46 @@ TEST_F(SessionTest, SimEventFollowsFlightAndPauseAndFramesComeOncePerFrame) {
   ASSERT_EQ(SimConnect_GetLastSentPacketID(h, &lastSent), S_OK);
   EXPECT_EQ(ex.dwSendID, lastSent);
 
+  // Each event id with the data it carried, in order.
+  const auto events = [&] {
+    std::vector<std::pair<DWORD, DWORD>> out;
+    for (const auto& r : ofId(dispatchAll(h), SIMCONNECT_RECV_ID_EVENT)) {
+      const auto e = recordAs<SIMCONNECT_RECV_EVENT>(r);
+      out.emplace_back(e.uEventID, e.dwData);
+    }
+    return out;
+  };
+  using Events = std::vector<std::pair<DWORD, DWORD>>;
   standin::setInFlight(true);
+  EXPECT_EQ(events(), (Events{{201, 1}}));
+
+  // A pause leaves "Sim" as it is: the flight still runs. "Pause" and "Pause_EX1" tell their
+  // state at once when subscribed, and then each change.
   standin::setPaused(true);
+  ASSERT_EQ(SimConnect_SubscribeToSystemEvent(h, 223, "Pause_EX1"), S_OK);
+  ASSERT_EQ(SimConnect_SubscribeToSystemEvent(h, 224, "Pause"), S_OK);
+  EXPECT_EQ(events(), (Events{{223, 1}, {224, 1}}));
   standin::setPaused(true);  // no change, no event
   standin::setPaused(false);
-  std::vector<DWORD> sim;
-  for (const auto& r : ofId(dispatchAll(h), SIMCONNECT_RECV_ID_EVENT)) sim.push_back(recordAs<SIMCONNECT_RECV_EVENT>(r).dwData);
-  EXPECT_EQ(sim, (std::vector<DWORD>{1, 0, 1}));
+  EXPECT_EQ(events(), (Events{{223, 0}, {224, 0}}));
+  // The active pause shows only in "Pause_EX1", with its own flag.
+  standin::setActivePause(true);
+  standin::setActivePause(false);
+  EXPECT_EQ(events(), (Events{{223, 4}, {223, 0}}));
 
+  ASSERT_EQ(SimConnect_SubscribeToSystemEvent(h, 225, "PauseFrame"), S_OK);
   standin::advanceFrames(3);
   const auto frames = ofId(dispatchAll(h), SIMCONNECT_RECV_ID_EVENT_FRAME);
-  ASSERT_EQ(frames.size(), 3u);
+  ASSERT_EQ(frames.size(), 3u) << "no pause frames while the flight runs";
   EXPECT_FLOAT_EQ(recordAs<SIMCONNECT_RECV_EVENT_FRAME>(frames[0]).fFrameRate, 30.0f);
   EXPECT_EQ(standin::frame(), 3u);
+  standin::setPaused(true);
+  dispatchAll(h);
+  standin::advanceFrames(2);
+  std::vector<DWORD> frameEvents;
+  for (const auto& r : ofId(dispatchAll(h), SIMCONNECT_RECV_ID_EVENT_FRAME))
+    frameEvents.push_back(recordAs<SIMCONNECT_RECV_EVENT_FRAME>(r).uEventID);
+  EXPECT_EQ(frameEvents, (std::vector<DWORD>{204, 225, 204, 225})) << "frames are drawn in a pause too";
 }
 
 TEST_F(SessionTest, FlightLoadedArrivesAsFileNameRecord) {

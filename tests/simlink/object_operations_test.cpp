@@ -11,6 +11,7 @@
 #include "simlink/sim_queues.h"
 #include "simlink/sim_session.h"
 #include "simlink/user_aircraft.h"
+#include "foundation/parameters.h"
 #include "simlink_fixture.h"
 
 namespace orv::test {
@@ -51,6 +52,23 @@ TEST_F(SimLinkTest, OwnAircraftAreRecognisedHeldStillMovedAndRemoved) {
   notices = takeNotices();
   ASSERT_EQ(notices.size(), 1u);
   EXPECT_TRUE(notices[0].kind == 2 && notices[0].objectid == live);
+}
+
+TEST_F(SimLinkTest, ACreatedHelicopterIsSeenToAppearAndToGo) {
+  gv_rangeMeters = 500 * 1852;  // more than the simulator takes: the request asks for its limit
+  connect();
+  const std::uint32_t id = createOwn(4000002, "CHX22", "Airbus H145 Christoph", 1500);
+  ASSERT_NE(id, 0u);
+  auto notices = takeNotices();
+  ASSERT_EQ(notices.size(), 1u);
+  EXPECT_TRUE(notices[0].kind == kLiveCreated && notices[0].objectid == id && notices[0].id == 4000002u);
+  EXPECT_TRUE(gPendingCreates.empty() && gAddedObjects.empty()) << "it has left adding2sim";
+  simQueueRemove(id);
+  frames(2);
+  notices = takeNotices();
+  ASSERT_EQ(notices.size(), 1u);
+  EXPECT_TRUE(notices[0].kind == kObjectRemoved && notices[0].objectid == id);
+  EXPECT_EQ(log.text().find("SIMCONNECT_EXCEPTION"), std::string::npos) << log.text();
 }
 
 TEST_F(SimLinkTest, ForeignAircraftAreLoggedAndLeftAlone) {

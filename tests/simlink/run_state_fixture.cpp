@@ -3,6 +3,8 @@
 
 #include "engine/engine_tables.h"
 #include "foundation/message_area.h"
+#include "foundation/parameter_store.h"
+#include "foundation/parameters.h"
 #include "foundation/run_flags.h"
 #include "foundation/status_values.h"
 #include "simlink/create_failures.h"
@@ -17,6 +19,7 @@ void resetRunState() {
   gf_resetEngine();
   gf_resetSimLink();
   lf_resetStatusBand();
+  gf_setRange(RANGE.defaultValue);
   // Refused titles are kept for the life of a process; each test is a process of its own.
   gFailedTitles.clear();
   gFailedTitleInfo.clear();

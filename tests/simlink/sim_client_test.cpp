@@ -37,7 +37,8 @@ TEST_F(SimLinkTest, ConnectsWhenTheSimulatorStartsLateAndDeclaresEverything) {
 
   const auto session = standin::session("Orvane");
   ASSERT_TRUE(session);
-  EXPECT_EQ(session->systemEvents.size(), 5u);
+  EXPECT_EQ(session->systemEvents.size(), 6u);
+  EXPECT_EQ(session->systemEvents.at(223), "Pause_EX1");
   EXPECT_EQ(session->systemEvents.at(205), "FlightLoaded");
   EXPECT_EQ(session->clientEvents.size(), 17u);
   const auto& group = session->groups.at(301);
@@ -45,6 +46,13 @@ TEST_F(SimLinkTest, ConnectsWhenTheSimulatorStartsLateAndDeclaresEverything) {
   EXPECT_EQ(std::count(group.begin(), group.end(), 220u), 0) << "ENGINE_AUTO_START stays out of the group";
   EXPECT_EQ(session->groupPriorities.at(301), 1u);
 
+  // "Sim" stays 1 in a pause; the pause itself stops the flight for the program.
+  standin::setActivePause(true);
+  settle();
+  EXPECT_FALSE(gv_simRunning.load()) << "an active pause";
+  standin::setActivePause(false);
+  settle();
+  EXPECT_TRUE(gv_simRunning.load());
   standin::setPaused(true);
   settle();
   EXPECT_FALSE(gv_simRunning.load());

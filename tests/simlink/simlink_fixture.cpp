@@ -26,7 +26,8 @@ using namespace std::chrono_literals;
 std::string scenarioJson(std::string_view extra, std::string_view user) {
   return fmt::format(R"({{"simulator": 2020, "applicationVersion": [11, 0, 282174, 999], "frameRate": 10,
     "terrainElevationFt": 364, "user": {{{}}},
-    "titles": ["Airbus A320 Lufthansa", {{"title": "Boeing 737-800 Ryanair", "model": "B738"}}]{}{}}})",
+    "titles": ["Airbus A320 Lufthansa", {{"title": "Boeing 737-800 Ryanair", "model": "B738"}},
+               {{"title": "Airbus H145 Christoph", "model": "H145"}}]{}{}}})",
                      user, extra.empty() ? "" : ", ", extra);
 }
 
