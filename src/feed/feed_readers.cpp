@@ -25,6 +25,8 @@ void lf_resetFeed() {
   gv_qnh = kStandardQnh;
   gv_feedTimestamp = 0;
   lf_clearIncomingCallsigns();
+  // A static update cut short by the end of the run collects no more.
+  gCollectCallsigns = false;
   for (UdpReader* reader : {static_cast<UdpReader*>(&gTrafficReader), static_cast<UdpReader*>(&gQnhReader)}) {
     reader->stop = false;
     reader->count = 0;

@@ -11,14 +11,26 @@
 namespace orv {
 namespace {
 
-TEST(SocketError, TableCodesGiveCodeBlankAndTextAndOthersAreUnknown) {
-  EXPECT_EQ(gf_socketError(10004), "10004 Interrupted system call");
-  EXPECT_EQ(gf_socketError(10040), "10040 Messenger too long");
-  EXPECT_EQ(gf_socketError(10058), "10058 Can't send numLines socket shutdown");
-  EXPECT_EQ(gf_socketError(10059), "10059 Too many references, can't splice");
-  EXPECT_EQ(gf_socketError(10091), "10091 Network system is unavailable");
-  EXPECT_EQ(gf_socketError(10101), "10101 Graceful shutdown in progress");
-  EXPECT_EQ(gf_socketError(11004), "11004 No host data of that type was found");
+TEST(SocketError, RealFailuresReachTheLogInWordsAndUnknownCodesSaySo) {
+  // A port nobody listens on: the connection is refused, in the words the log shows.
+  const net::Socket listener = net::openSocket(net::Kind::Stream);
+  ASSERT_EQ(net::bindPort(listener, 0, true), 0);
+  const std::uint16_t port = net::localPort(listener);
+  net::closeSocket(listener);
+  const net::Socket client = net::openSocket(net::Kind::Stream);
+  EXPECT_NE(net::connectSocket(client, net::Endpoint{net::kLoopback, port}), 0);
+  EXPECT_EQ(gf_socketError(net::lastError()), "10061 Connection refused");
+  net::closeSocket(client);
+
+  // Two sockets on one port.
+  const net::Socket first = net::openSocket(net::Kind::Datagram);
+  ASSERT_EQ(net::bindPort(first, 0, true), 0);
+  const net::Socket second = net::openSocket(net::Kind::Datagram);
+  EXPECT_NE(net::bindPort(second, net::localPort(first), true), 0);
+  EXPECT_EQ(gf_socketError(net::lastError()), "10048 Address already in use");
+  net::closeSocket(first);
+  net::closeSocket(second);
+
   // Neighbours of table entries, gaps inside it, and values no socket call gives.
   for (int code : {10000, 10003, 10005, 10072, 10090, 10094, 10100, 10102, 10109, 11000, 11002, 11005, 0, -1})
     EXPECT_EQ(gf_socketError(code), "Unknown errror code") << code;

@@ -109,6 +109,24 @@ TEST_F(EngineLifeCycle, CreatedSettledLitMovedAndRemoved) {
   EXPECT_GT(rows, 200u) << "the trace shows the object from its creation to its removal";
 }
 
+TEST_F(EngineLifeCycle, TheSimulatorCreatesTheAircraftInTheAttitudeOfItsRecord) {
+  connect();
+  spawn(60004, "DLH104");
+  LiveAc& ac = gLiveAc[static_cast<std::size_t>(gf_findLiveAc(60004))];
+  // The engine keeps radians; the creation block takes degrees.
+  ac.pitch = -0.05;
+  ac.bank = 0.2;
+  ac.heading = 4.5;
+  ticks(60);
+  const auto o = standin::objectByAtcId("DLH104");
+  ASSERT_TRUE(o);
+  EXPECT_NEAR(o->pitchRad, -0.05, 1e-12);
+  EXPECT_NEAR(o->bankRad, 0.2, 1e-12);
+  EXPECT_NEAR(o->headingRad, 4.5, 1e-12);
+  EXPECT_DOUBLE_EQ(o->latitude, 50.05);
+  EXPECT_DOUBLE_EQ(o->altitudeFt, 3000);
+}
+
 TEST_F(EngineLifeCycle, RemovalBeforeOrAfterTheRequestLeftTheQueue) {
   connect();
   spawn(60002, "DLH200");

@@ -7,6 +7,7 @@
 #include "foundation/parameters.h"
 #include "foundation/run_flags.h"
 #include "foundation/status_values.h"
+#include "refdata/model_categories.h"
 #include "simlink/create_failures.h"
 #include "simlink/sim_session.h"
 
@@ -20,6 +21,7 @@ void resetRunState() {
   gf_resetSimLink();
   lf_resetStatusBand();
   gf_setRange(RANGE.defaultValue);
+  lf_clearModelCategories();
   // Refused titles are kept for the life of a process; each test is a process of its own.
   gFailedTitles.clear();
   gFailedTitleInfo.clear();

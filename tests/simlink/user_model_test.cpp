@@ -4,6 +4,7 @@
 #include "foundation/status_values.h"
 #include "platform/window/headless_window.h"
 #include "refdata/code_tables.h"
+#include "refdata/model_categories.h"
 #include "refdata/valid_codes.h"
 #include "refdata/wingspans.h"
 #include "simlink/user_model.h"
@@ -20,6 +21,7 @@ TEST(UserModel, ModelTextToWingSpanWithTheMessagesTheUserSees) {
   test::LogCapture log;
   for (const char* m : {"B738", "E190", "CRJ7", "A388", "A320", "B739"}) validModels.insert(m);
   lf_fillWingspans({{"B738", 35.8}, {"E190", 28.7}, {"CRJ7", 23.2}, {"A388", 79.8}, {"A320", 35.8}, {"B739", 35.8}});
+  largeModels.insert(modelIndex("B738"));
   const auto receive = [](std::string_view title, std::string raw) {
     gf_clearUserModel();
     gf_resetMessageArea();
@@ -38,7 +40,7 @@ TEST(UserModel, ModelTextToWingSpanWithTheMessagesTheUserSees) {
   EXPECT_DOUBLE_EQ(receive("Boeing 737-800 Asobo", "ATCCOM.AC_MODEL B738.0.text"), halfOf(35.8));
   EXPECT_TRUE(gSimStatus.userModelKnown.load());
   EXPECT_NE(log.text().find("          SimConnect: User aircraft model: B738, half wing span: 17.9 meter, category: "
-                            "Light\n"), std::string::npos) << log.text();
+                            "Large\n"), std::string::npos) << log.text();
   EXPECT_DOUBLE_EQ(receive("DJI camera", "camerapod"), halfOf(28.7));
   EXPECT_EQ(receive("Some Glider", "GLID"), 0.0) << "a short code without an entry";
   EXPECT_TRUE(gf_messageArea().messageText.empty());
