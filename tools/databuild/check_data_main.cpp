@@ -1,6 +1,6 @@
 // check_data WORKFOLDER: reads input/dbase.enc, input/airports.enc and input/ICAO_airports.txt of a
 // working folder the way the program does, prints the reader's log and the counts, and fails
-// when the data is smaller than the program needs.
+// when the data is smaller than the program needs or a check of the dbase finds a fault.
 #include <pugixml.hpp>
 
 #include <cstdio>
@@ -11,10 +11,10 @@
 #include <sstream>
 #include <string>
 
+#include "dbase_check.h"
 #include "foundation/log.h"
 #include "refdata/data_file_crypto.h"
 #include "refdata/dbase_reader.h"
-#include "refdata/registrations.h"
 #include "refdata/valid_codes.h"
 
 namespace fs = std::filesystem;
@@ -25,6 +25,8 @@ constexpr std::size_t kMinRegistrations = 10000;
 constexpr std::size_t kMinModels = 500;
 constexpr std::size_t kMinAirlines = 1000;
 constexpr std::size_t kMinAirports = 1000;
+// Of the types most used by the known registrations, how many must have a wing span.
+constexpr std::size_t kCommonTypesWithWingspan = 300;
 
 std::size_t countAirports(const fs::path& input) {
   const fs::path plain = fs::temp_directory_path() / "orvane-check-airports.xml";
@@ -76,12 +78,20 @@ int main(int argc, char** argv) {
 
   const std::size_t airports = countAirports(input);
   const std::size_t icaoCodes = countIcaoCodes(input / "ICAO_airports.txt");
-  std::printf("check_data: %zu registrations, %zu model codes, %zu airline codes, %zu catalogue airports, "
-              "%zu ICAO codes\n",
-              orv::dbaseRecords.size(), orv::validModels.size(), orv::validAirlines.size(), airports, icaoCodes);
-  const bool enough = read && orv::dbaseRecords.size() >= kMinRegistrations && orv::validModels.size() >= kMinModels &&
-                      orv::validAirlines.size() >= kMinAirlines && orv::isValidAirline("ZZZ") &&
-                      orv::isValidAirline("PVT") && airports >= kMinAirports && icaoCodes >= airports;
+  const orv::DbaseCheck check = orv::checkDbaseTables(kCommonTypesWithWingspan);
+  std::printf("check_data: %zu registrations, %zu model codes (%zu with a wing span), %zu airline codes, "
+              "%zu catalogue airports, %zu ICAO codes\n",
+              check.registrations, check.models, check.modelsWithWingspan, check.airlines, airports, icaoCodes);
+  for (const std::string& fault : check.faults) std::fprintf(stderr, "check_data: %s\n", fault.c_str());
+  if (read && check.faults.empty())
+    std::printf("check_data: every registration has a valid model and no airline or a valid one; every model "
+                "of the classes Large, Heavy and Buzjets and the %zu most common types have a wing span\n",
+                kCommonTypesWithWingspan);
+  const bool enough = read && check.registrations >= kMinRegistrations && check.models >= kMinModels &&
+                      check.airlines >= kMinAirlines && orv::isValidAirline("ZZZ") && orv::isValidAirline("PVT") &&
+                      airports >= kMinAirports && icaoCodes >= airports;
   if (!enough) std::fprintf(stderr, "check_data: the reference data is incomplete\n");
-  return enough ? 0 : 1;
+  if (!check.faults.empty())
+    std::fprintf(stderr, "check_data: %zu faults in the dbase\n", check.faults.size());
+  return enough && check.faults.empty() ? 0 : 1;
 }

@@ -45,6 +45,8 @@ class HandData:
         for row in _table(p("sim_addons.csv")):
             self.sim_addons[row["sim"]].append(row["icao"])
         self.extra_airlines = {row["icao"]: row["name"] for row in _table(p("extra_airlines.csv"))}
+        self.current_airlines = {row["icao"]: row["name"] for row in _table(p("current_airlines.csv"))}
+        self.sim_fleet = [row["icao"] for row in _table(p("sim_fleet.csv"))]
 
     def hand_types(self):
         """Every model code the hand tables name (they are all ICAO designators)."""
@@ -56,4 +58,5 @@ class HandData:
         for group in self.similar_types:
             types.update(group)
         types.update(icao for icao, _ in self.type_map.values())
+        types.update(self.sim_fleet)
         return types

@@ -59,6 +59,23 @@ def read_airlines(dat_path):
     return airlines
 
 
+# The trading name of a company entry such as "Jubba Airways Limited d/b/a Jubba Airways".
+TRADING_AS = re.compile(r"\s(?:t/a|d/b/a)\s")
+
+
+def read_current_airlines(json_path):
+    """aircodes' airlines.json (current airline register entries): ICAO code to trading name; the
+    first entry of a code stands."""
+    with open(json_path, encoding="utf-8") as f:
+        entries = json.load(f)
+    airlines = {}
+    for entry in entries:
+        code = (entry.get("icao") or "").strip()
+        if AIRLINE_CODE.match(code) and code not in airlines:
+            airlines[code] = TRADING_AS.split(entry.get("name") or "")[-1].strip()
+    return airlines
+
+
 def clean_registration(text):
     reg = (text or "").strip().upper()
     if 3 <= len(reg) <= 10 and REGISTRATION.match(reg):

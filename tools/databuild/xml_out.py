@@ -1,10 +1,14 @@
 """Writers of the plain data files: airports.xml, ICAO_airports.txt, dbase.xml."""
 
+import re
 from xml.sax.saxutils import quoteattr
+
+# Characters that XML 1.0 does not allow; some source names carry stray terminal escapes.
+NOT_XML = re.compile("[\x00-\x08\x0b\x0c\x0e-\x1f]")
 
 
 def _attrs(pairs):
-    return " ".join(f"{name}={quoteattr(str(value))}" for name, value in pairs)
+    return " ".join(f"{name}={quoteattr(NOT_XML.sub('', str(value)))}" for name, value in pairs)
 
 
 def _number(value, digits):
