@@ -18,6 +18,8 @@ inline constexpr int kSocketError = -1;
 inline constexpr int kCodeInterrupted = 10004;
 inline constexpr int kCodeWouldBlock = 10035;
 inline constexpr int kCodeTimedOut = 10060;
+// A receive that ended by its time-out or by a signal: nothing went wrong, it may be tried again.
+inline bool isPassedOver(int code) { return code == kCodeInterrupted || code == kCodeWouldBlock || code == kCodeTimedOut; }
 
 inline constexpr std::uint32_t kLoopback = 0x7f000001;  // 127.0.0.1
 inline constexpr std::uint32_t kAnyAddress = 0;

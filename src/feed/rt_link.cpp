@@ -29,6 +29,9 @@ void lf_closeClientLocked() {
 
 std::string lf_lastErrorText() { return gf_socketError(net::lastError()); }
 
+constexpr int kReceiveSliceMs = 100;
+
+
 // The server could not be opened: what was opened goes, and the run ends with the text.
 [[noreturn]] void lf_failOpen(net::Socket s, const std::string& text) {
   if (s != net::kNoSocket) net::closeSocket(s);
@@ -66,6 +69,8 @@ bool lf_acceptRt() {
     net::closeSocket(s);
     return false;
   }
+  // The slice of a receive's wait for the version (lf_receiveRt).
+  net::setReceiveTimeout(s, kReceiveSliceMs);
   {
     std::lock_guard lock(gRtClientMutex);
     lf_closeClientLocked();
@@ -109,7 +114,17 @@ bool sendDataPacket(std::string_view text) {
 
 std::string lf_receiveRt() {
   std::string buffer(static_cast<std::size_t>(kRtReceiveSize), '\0');
-  const int n = net::receive(gv_rtClientSocket.load(), buffer.data(), kRtReceiveSize);
+  int n = 0;
+  // The receive waits in slices, holding the client socket, and looks at the stop flags between
+  // them: a closing run then closes the socket only when no receive is inside it.
+  for (;;) {
+    std::lock_guard lock(gRtClientMutex);
+    const net::Socket s = gv_rtClientSocket.load();
+    if (s == net::kNoSocket) return {};
+    n = net::receive(s, buffer.data(), kRtReceiveSize);
+    if (n != net::kSocketError || !net::isPassedOver(net::lastError())) break;
+    if (gf_stopping()) return {};
+  }
   if (n == net::kSocketError) {
     if (!gf_stopping()) gf_log("receive: {}", lf_lastErrorText());
     return {};

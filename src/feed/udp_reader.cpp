@@ -15,10 +15,6 @@ namespace {
 
 constexpr int kReceiveTimeoutMs = 1000;
 
-// The time-out of the receive, and a signal that interrupted it: the loop looks at stop and goes on.
-bool lf_passedOver(int code) {
-  return code == net::kCodeInterrupted || code == net::kCodeWouldBlock || code == net::kCodeTimedOut;
-}
 
 void lf_readerFailed(std::string_view name, std::string_view text) {
   setMessage(fmt::format("The {} has stopped with error: {}", name, text.empty() ? "Unknown exception" : text), true);
@@ -67,7 +63,7 @@ void UdpReader::receiveLoop(bool local) {
       processDatagram();
     } else if (n == net::kSocketError) {
       const int code = net::lastError();
-      if (lf_passedOver(code)) continue;
+      if (net::isPassedOver(code)) continue;
       if (stop.load()) break;
       throw std::runtime_error(fmt::format("receive error: {}", gf_socketError(code)));
     }
