@@ -23,17 +23,40 @@ const char* requiredAttribute(const pugi::xml_node& element, const char* name) {
   return attribute.value();
 }
 
+// A code table's look-up that remembers the last code it was asked for.
+class CodeLookup {
+ public:
+  explicit CodeLookup(std::uint16_t (*lookup)(std::string_view)) : lookup_(lookup) {}
+  std::uint16_t operator()(std::string_view code) {
+    if (!known_ || code != last_) {
+      last_.assign(code);
+      index_ = lookup_(code);
+      known_ = true;
+    }
+    return index_;
+  }
+
+ private:
+  std::uint16_t (*lookup_)(std::string_view);
+  std::string last_;
+  std::uint16_t index_ = 0;
+  bool known_ = false;
+};
+
 // The records of a loaded catalogue; the meta block is not looked at.
 void readRecords(const pugi::xml_document& doc, const std::string& name) {
   const pugi::xml_node liveries = doc.child("root").child("liveries");
   if (!liveries) throw UserErrorException(user_error::kNoLiveriesSection, user_error::kNoLiveriesSectionText, name);
+  // A catalogue lists one airline and model after the other: most records repeat the codes of
+  // the one before, which then need no look-up in the code tables.
+  CodeLookup airlines(airlineIndex), airlines2(airlineIndex), models(modelIndex);
   for (const pugi::xml_node element : liveries.children()) {
     if (element.type() != pugi::node_element) continue;
     LiveryRecord record;
-    record.code.airline = airlineIndex(requiredAttribute(element, "a"));
-    record.code.acType = modelIndex(requiredAttribute(element, "m"));
+    record.code.airline = airlines(requiredAttribute(element, "a"));
+    record.code.acType = models(requiredAttribute(element, "m"));
     record.title = requiredAttribute(element, "t");
-    record.code.airline2 = airlineIndex(element.attribute("o").value());
+    record.code.airline2 = airlines2(element.attribute("o").value());
     record.code.cargo = element.attribute("c").as_bool(false) ? 1 : 0;
     record.regcode = element.attribute("r").value();
     liveriesScannedList.push_back(std::move(record));

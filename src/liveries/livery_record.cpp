@@ -27,12 +27,14 @@ std::vector<std::uint32_t> textRanks(std::size_t count, std::string (*text)(std:
 void gf_sortLiveries(std::list<LiveryRecord>& list) {
   const std::vector<std::uint32_t> airline = textRanks(airlineCount(), airlineCode);
   const std::vector<std::uint32_t> model = textRanks(modelCount(), modelCode);
-  list.sort([&](const LiveryRecord& a, const LiveryRecord& b) {
+  const auto before = [&](const LiveryRecord& a, const LiveryRecord& b) {
     if (a.code.airline != b.code.airline) return airline[a.code.airline] < airline[b.code.airline];
     if (a.code.airline2 != b.code.airline2) return airline[a.code.airline2] < airline[b.code.airline2];
     if (a.code.acType != b.code.acType) return model[a.code.acType] < model[b.code.acType];
     return a.title < b.title;
-  });
+  };
+  // A catalogue is written in this order, so reading it back usually finds nothing to do.
+  if (!std::is_sorted(list.begin(), list.end(), before)) list.sort(before);
 }
 
 }  // namespace orv
