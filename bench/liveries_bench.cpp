@@ -1,16 +1,15 @@
 // The livery catalogue at start-up (reading and indexing 50000 records) and one match of a live
 // aircraft that goes through the whole ladder against that catalogue.
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
-#include <filesystem>
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <random>
 #include <string>
 #include <tuple>
 #include <vector>
-
-#include <unistd.h>
 
 #include "foundation/parameters.h"
 #include "liveries/catalogue_file.h"
@@ -100,11 +99,16 @@ struct Catalogue {
     orv::gf_resetCodeTables();
     for (int i = 0; i < kModels; ++i) {
       const uint16_t index = orv::modelIndex(modelName(i));
-      if (i < 150) orv::largeModels.insert(index);
-      else if (i < 200) orv::heavyModels.insert(index);
-      else if (i < 240) orv::buzjetModels.insert(index);
-      else if (i < 260) orv::highPerfModels.insert(index);
-      else if (i < 280) orv::rotorcraftModels.insert(index);
+      if (i < 150)
+        orv::largeModels.insert(index);
+      else if (i < 200)
+        orv::heavyModels.insert(index);
+      else if (i < 240)
+        orv::buzjetModels.insert(index);
+      else if (i < 260)
+        orv::highPerfModels.insert(index);
+      else if (i < 280)
+        orv::rotorcraftModels.insert(index);
     }
     orv::similarGroups.clear();
     for (int i = 0; i + 3 < kModels; i += 4)

@@ -1,9 +1,9 @@
 #include "platform/simconnect/standin_installed_titles.h"
 
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 #include <fstream>
-#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "platform/simconnect/standin_control.h"

@@ -98,7 +98,8 @@ void gf_readLiveriesScanned(const std::filesystem::path& file) {
   liveriesScannedList.clear();
   const std::string name = file.string();
   pugi::xml_document doc;
-  if (!gf_loadXmlFile(doc, file)) throw UserErrorException(user_error::kFileNotFound, user_error::kFileNotFoundText, name);
+  if (!gf_loadXmlFile(doc, file))
+    throw UserErrorException(user_error::kFileNotFound, user_error::kFileNotFoundText, name);
   readRecords(doc, name);
 }
 

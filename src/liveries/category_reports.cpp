@@ -52,8 +52,7 @@ const ClassSwitch* classOf(int category) {
 
 void switchOff(const ClassSwitch& traffic) {
   if (traffic.parameter->value) {
-    gf_log("{} temporarily switched off because you do not have {} installed", traffic.parameter->name,
-           traffic.reason);
+    gf_log("{} temporarily switched off because you do not have {} installed", traffic.parameter->name, traffic.reason);
     traffic.parameter->set(false);
     saveBool(*traffic.parameter);
   }

@@ -46,7 +46,8 @@ void splitByCargo() {
   airlineModelTitles[1].reserve(256);
   for (const auto& [airline, models] : liveriesByAirline)
     for (const auto& [model, titles] : models)
-      for (const CatalogueTitle& title : titles) airlineModelTitles[title.cargo ? 1 : 0][airline][model].push_back(&title);
+      for (const CatalogueTitle& title : titles)
+        airlineModelTitles[title.cargo ? 1 : 0][airline][model].push_back(&title);
 }
 
 void buildModelTitles() {

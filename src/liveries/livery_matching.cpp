@@ -185,8 +185,7 @@ bool gf_findLiveryParked(LiveryQuery& ac, const LiveryStand& stand) {
     return true;
   }
   if (Ladder{false, &stand}.run(ac)) return true;
-  gf_log("{:8}: {} no livery match ...", stand.id,
-         fmt::format("{:8} {} {}", ac.cs, ac.reg, gf_acCodeText(ac.code)));
+  gf_log("{:8}: {} no livery match ...", stand.id, fmt::format("{:8} {} {}", ac.cs, ac.reg, gf_acCodeText(ac.code)));
   return false;
 }
 

@@ -10,9 +10,9 @@
 namespace orv {
 
 struct LiveryRecord {
-  std::string title;    // the name by which the simulator creates the livery
-  std::string regcode;  // the one registration the livery names; empty when none or several
-  AcCode code;          // airline, second airline, model, cargo
+  std::string title;               // the name by which the simulator creates the livery
+  std::string regcode;             // the one registration the livery names; empty when none or several
+  AcCode code;                     // airline, second airline, model, cargo
   std::uint16_t folderNumber = 0;  // rank 1 to 10 of the scanned folder; 0 once read from the catalogue
 };
 

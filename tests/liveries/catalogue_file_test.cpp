@@ -1,11 +1,10 @@
-#include "liveries/catalogue_file.h"
-
 #include <gtest/gtest.h>
 
 #include <vector>
 
 #include "catalogue_fixture.h"
 #include "foundation/user_error.h"
+#include "liveries/catalogue_file.h"
 #include "refdata/code_tables.h"
 #include "test_support.h"
 
@@ -29,7 +28,7 @@ LiveryRecord record(const char* airline, const char* airline2, const char* model
 
 // What a record says, as texts, for comparisons.
 std::vector<std::string> fields(const LiveryRecord& r) {
-  return {airlineCode(r.code.airline), airlineCode(r.code.airline2), modelCode(r.code.acType), r.title, r.regcode,
+  return {airlineCode(r.code.airline),    airlineCode(r.code.airline2),  modelCode(r.code.acType), r.title, r.regcode,
           r.code.cargo ? "cargo" : "pax", std::to_string(r.folderNumber)};
 }
 
@@ -127,7 +126,8 @@ TEST(CatalogueFile, ReadsAttributesByTheirRulesAndRefusesBrokenFiles) {
   EXPECT_EQ(userErrorCode([&] { gf_readLiveriesScanned(file); }, &text), 533);
   EXPECT_EQ(text, "533: " + file.string() + " does not contain liveries");
 
-  test::writeFile(file, R"(<root><liveries><l a="DLH" m="A320" t="ok"/><livery a="DLH" t="no model"/></liveries></root>)");
+  test::writeFile(file,
+                  R"(<root><liveries><l a="DLH" m="A320" t="ok"/><livery a="DLH" t="no model"/></liveries></root>)");
   EXPECT_EQ(userErrorCode([&] { gf_readLiveriesScanned(file); }, &text), 999);
   EXPECT_EQ(text, "Missing required attribute 'm' in <livery>");
 

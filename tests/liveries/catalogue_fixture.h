@@ -13,7 +13,11 @@ namespace orv::test {
 struct Livery {
   Livery(std::string airline, std::string model, std::string title, std::string regcode = "", bool cargo = false,
          std::string airline2 = "")
-      : a(std::move(airline)), m(std::move(model)), t(std::move(title)), r(std::move(regcode)), c(cargo),
+      : a(std::move(airline)),
+        m(std::move(model)),
+        t(std::move(title)),
+        r(std::move(regcode)),
+        c(cargo),
         o(std::move(airline2)) {}
   std::string a;  // airline
   std::string m;  // model

@@ -1,5 +1,3 @@
-#include "liveries/livery_catalogue.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,6 +9,7 @@
 #include "foundation/status_values.h"
 #include "foundation/user_paths.h"
 #include "liveries/category_reports.h"
+#include "liveries/livery_catalogue.h"
 #include "liveries/livery_indexes.h"
 #include "refdata/code_tables.h"
 #include "refdata/similar_models.h"
@@ -66,7 +65,8 @@ TEST_F(LiveryCatalogue, SplitsPaxAndCargoAndFilesASecondAirlineUnderTheJoinedCod
   const uint16_t dlh = airlineIndex("DLH"), b744 = modelIndex("B744"), a320 = modelIndex("A320");
   EXPECT_EQ(texts(gf_airlineModelTitles(0, dlh, b744)), Texts{"B747 Lufthansa"});
   EXPECT_EQ(texts(gf_airlineModelTitles(1, dlh, b744)), Texts{"B747-400F Lufthansa Cargo"});
-  EXPECT_EQ(texts(gf_airlineModelTitles(0, dlh, a320)), (Texts{"Airbus A320 Lufthansa", "Airbus A320 Lufthansa D-AIZA"}));
+  EXPECT_EQ(texts(gf_airlineModelTitles(0, dlh, a320)),
+            (Texts{"Airbus A320 Lufthansa", "Airbus A320 Lufthansa D-AIZA"}));
   EXPECT_EQ(gf_airlineModelTitles(1, dlh, a320), nullptr) << "no empty cargo entry";
 
   // The regional title stands only under "DLHCLH", not under either airline.
@@ -141,7 +141,8 @@ TEST_F(LiveryCatalogue, AClassAlreadyOffIsNotSwitchedOffAgainAndNoGenericIsSaidS
   EXPECT_NE(text.find("HELICOPTERS temporarily switched off because you do not have Helicopters installed\n"),
             std::string::npos);
   EXPECT_NE(text.find("No generic liveries\n"), std::string::npos);
-  EXPECT_EQ(boxes.front(), (std::pair<std::string, bool>{"LIGHT_AIRCRAFT", false})) << "the box is disabled all the same";
+  EXPECT_EQ(boxes.front(), (std::pair<std::string, bool>{"LIGHT_AIRCRAFT", false}))
+      << "the box is disabled all the same";
 }
 
 TEST_F(LiveryCatalogue, IsBuiltOncePerProcessAndAgainAfterAReset) {

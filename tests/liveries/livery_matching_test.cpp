@@ -1,5 +1,3 @@
-#include "liveries/livery_matching.h"
-
 #include <gtest/gtest.h>
 
 #include <set>
@@ -9,6 +7,7 @@
 #include "foundation/parameters.h"
 #include "liveries/failed_titles.h"
 #include "liveries/livery_indexes.h"
+#include "liveries/livery_matching.h"
 #include "liveries/match_summary.h"
 #include "refdata/ac_code_text.h"
 #include "refdata/code_tables.h"

@@ -40,7 +40,8 @@ TEST(MatchMemory, TheAircraftWithoutALiveryAreListedUntilARematchIsAsked) {
   EXPECT_TRUE(gNoMatch.contains(gf_noMatchText(code, "D-EFGH")));
   EXPECT_FALSE(gNoMatch.contains(gf_noMatchText(code, "D-EFGI")));
   lf_writeNoMatchList();
-  EXPECT_NE(log.text().find("\nNo match found for:\nQFA     B744     | VH-OJA\nSWT     C172     | D-EFGH\n\n"), std::string::npos)
+  EXPECT_NE(log.text().find("\nNo match found for:\nQFA     B744     | VH-OJA\nSWT     C172     | D-EFGH\n\n"),
+            std::string::npos)
       << log.text();
   lf_clearNoMatch();
   EXPECT_TRUE(gNoMatch.empty());

@@ -1,6 +1,4 @@
 // The run state that this folder's tests start from.
-#include "test_support.h"
-
 #include "foundation/message_area.h"
 #include "foundation/parameters.h"
 #include "foundation/run_flags.h"
@@ -14,6 +12,7 @@
 #include "refdata/model_categories.h"
 #include "refdata/prefix_groups.h"
 #include "refdata/similar_models.h"
+#include "test_support.h"
 
 namespace orv::test {
 

@@ -1,17 +1,15 @@
 // The installed titles of a scenario: read from a file of the data build, only they can be created.
-#include "platform/simconnect/standin_installed_titles.h"
-
 #include <gtest/gtest.h>
 
 #include "platform/simconnect/standin_control.h"
+#include "platform/simconnect/standin_installed_titles.h"
 #include "test_support.h"
 
 namespace orv::test {
 namespace {
 
 std::string scenarioWith(const std::filesystem::path& file) {
-  return R"({"acceptAnyTitle": true, "titles": ["Scenario Title"], "installedTitlesFile": ")" + file.string() +
-         "\"}";
+  return R"({"acceptAnyTitle": true, "titles": ["Scenario Title"], "installedTitlesFile": ")" + file.string() + "\"}";
 }
 
 TEST(InstalledTitles, AFileOfTitlesIsAllThatCanBeCreatedAndWithoutItTheScenarioStands) {

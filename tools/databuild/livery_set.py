@@ -107,6 +107,10 @@ def read_livery_files(aircraft_folder):
     return files
 
 
+def folder_has_model(folder):
+    return bool(glob.glob(os.path.join(folder, "Models", "*.xml")) or glob.glob(os.path.join(folder, "Model", "*.xml")))
+
+
 def read_fleets(traffic_folder, type_map, cargo_operators):
     """The aircraft of the FlightGear schedules, grouped by livery: {(model file, airline, second
     airline, ICAO type, cargo): [registrations]}, and the airline each livery name stands for."""
@@ -205,6 +209,11 @@ def build(sources, hand, airlines, models):
         for reg in sorted(r for r in regs if r)[:REGISTRATIONS_PER_LIVERY]:
             liveries.append({"a": airline, "o": second, "m": icao, "c": cargo,
                              "t": titles.make(key + reg, icao, text, airline, reg), "r": reg})
+
+    # A model folder with no livery file of its own (military jets, for one) still gives its model.
+    for folder, icao in sorted(models.folders.items()):
+        if folder_has_model(os.path.join(ai, "Aircraft", folder)) and not any(f == folder for f, _ in files.values()):
+            files[f"Aircraft/{folder}"] = (folder, "")
 
     # A company that flies in another airline's paint has titles in its own colours too.
     own_colours = {}
