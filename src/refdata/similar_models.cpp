@@ -35,14 +35,23 @@ void buildSimilarLists(const LiveryPresence& liveries) {
   }
   for (auto& [text, definition] : definitions) similarAvailable.try_emplace(definition.first, definition.second);
 
+  // An airline can only have an entry for a model that one of its own models stands in for:
+  // walking from its models keeps the work to what it has, not to all models of the dbase.
+  std::unordered_map<uint16_t, std::vector<uint16_t>> standsInFor;
+  for (const auto& [model, similar] : similarAvailable)
+    for (uint16_t candidate : similar) standsInFor[candidate].push_back(model);
   for (const auto& [airline, models] : liveries.airlineModels) {
     std::unordered_map<uint16_t, std::vector<uint16_t>> entries;
-    for (const auto& [model, similar] : similarAvailable) {
-      if (models.contains(model)) continue;
-      std::vector<uint16_t> own;
-      for (uint16_t candidate : similar)
-        if (models.contains(candidate)) own.push_back(candidate);
-      if (!own.empty()) entries.emplace(model, std::move(own));
+    for (uint16_t own : models) {
+      const auto forModels = standsInFor.find(own);
+      if (forModels == standsInFor.end()) continue;
+      for (uint16_t model : forModels->second) {
+        if (models.contains(model) || entries.contains(model)) continue;
+        std::vector<uint16_t> kept;
+        for (uint16_t candidate : similarAvailable.at(model))
+          if (models.contains(candidate)) kept.push_back(candidate);
+        entries.emplace(model, std::move(kept));
+      }
     }
     if (!entries.empty()) airlineSimilar.emplace(airline, std::move(entries));
   }

