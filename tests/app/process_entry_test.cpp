@@ -59,11 +59,7 @@ class ProcessRun : public testing::Test {
     result = std::async(std::launch::async, [this, args] { return lf_runProcess(work.path(), args); });
   }
   bool reach(RunStage stage, std::chrono::milliseconds limit = 10s) {
-    const auto end = std::chrono::steady_clock::now() + limit;
-    while (gv_runStage.load() != stage)
-      if (std::chrono::steady_clock::now() > end) return false;
-      else std::this_thread::sleep_for(5ms);
-    return true;
+    return test::eventually([stage] { return gv_runStage.load() == stage; }, limit);
   }
   // The simulator runs a flight and knows the user aircraft.
   void simulatorReady() {

@@ -26,7 +26,6 @@ class EngineLifeCycle : public SimLinkTest {
   void SetUp() override {
     SimLinkTest::SetUp();
     gv_tick = 1;
-    gFailedTitles.clear();
   }
 
   // A live aircraft that spawning has chosen a title for, handed to the add stack.
