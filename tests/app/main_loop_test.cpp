@@ -171,14 +171,6 @@ TEST_F(MainLoopSeconds, AResetZeroesTheMessageSecondsAndKeepsTheError) {
   lf_resetRunState();
   EXPECT_EQ(gf_messageArea().secondCounter, 0u);
   EXPECT_EQ(gf_messageArea().errorText, "an error");
-  gf_clearErrorText();
-  setMessage("after the restart");
-  EXPECT_EQ(gf_messageArea().messageBornAt, 1);
-  // Set at second 0, it is taken as born at second 1.
-  for (int i = 0; i < 25; ++i) gf_ageMessage();
-  EXPECT_EQ(gf_messageArea().messageText, "after the restart");
-  gf_ageMessage();
-  EXPECT_EQ(gf_messageArea().messageText, "") << "25 seconds after its birth second";
 }
 
 }  // namespace
