@@ -1,9 +1,5 @@
 #pragma once
-// Helpers of the loopback tests: sockets that close themselves, threads that are stopped
-// however a test ends.
-#include <atomic>
-#include <thread>
-
+// Helpers of the loopback tests: sockets that close themselves, UDP receivers on free ports.
 #include "platform/net/socket_layer.h"
 #include "test_support.h"
 
@@ -18,16 +14,6 @@ struct OwnedSocket {
   void reset(net::Socket socket = net::kNoSocket) {
     if (s != net::kNoSocket) net::closeSocket(s);
     s = socket;
-  }
-};
-
-// Stops and joins a thread however the test leaves its scope.
-struct StopAndJoin {
-  std::atomic<bool>& stop;
-  std::thread& thread;
-  ~StopAndJoin() {
-    stop = true;
-    if (thread.joinable()) thread.join();
   }
 };
 

@@ -2,6 +2,7 @@
 // into its own recorder.
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <sstream>
 
 #include "loopback_fixture.h"
@@ -43,7 +44,9 @@ TEST(StandinRun, PlaysARecordingIntoItsOwnRecorder) {
       "# epoch 1718020800.000\n"
       "0.000 49004 {\"QNH\":1018}\n"
       "0.100 49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,1718020799.50,p\n"
+      "0.150 49005\n"  // an empty datagram
       "0.200 49005 hex:00ff\n"
+      "0.250 49005 " + std::string(16384, 'x') + "\n"  // the largest the reader takes
       "0.300 49004 {\"QNH\":1017}\n";
   orv::test::writeFile(dir / "in.txt", played);
 
@@ -62,16 +65,21 @@ TEST(StandinRun, PlaysARecordingIntoItsOwnRecorder) {
   Console console(out);
   std::atomic<bool> stop{false};
   EXPECT_EQ(runStandin(options, console, stop), 0) << out.str();
-  EXPECT_NE(out.str().find("feed: 2 traffic, 2 weather"), std::string::npos) << out.str();
-  EXPECT_NE(out.str().find("recording: 4 datagrams written"), std::string::npos) << out.str();
+  EXPECT_NE(out.str().find("feed: 4 traffic, 2 weather"), std::string::npos) << out.str();
+  EXPECT_NE(out.str().find("recording: 6 datagrams written"), std::string::npos) << out.str();
 
+  // What the recorder heard on the free ports is written under the standard ones, byte for byte.
   const Recording recorded = loadRecording(dir / "out.txt");
-  ASSERT_EQ(recorded.datagrams.size(), 4u);
+  ASSERT_TRUE(recorded.epoch);
+  EXPECT_NEAR(*recorded.epoch, static_cast<double>(std::time(nullptr)), 60.0);
+  ASSERT_EQ(recorded.datagrams.size(), 6u);
   std::vector<std::string> texts;
-  for (const auto& d : recorded.datagrams) texts.push_back(std::to_string(d.port) + " " + d.text.substr(0, 28));
+  for (const auto& d : recorded.datagrams)
+    texts.push_back(std::to_string(d.port) + " " + std::to_string(d.text.size()) + " " + d.text.substr(0, 28));
   std::sort(texts.begin(), texts.end());
-  EXPECT_EQ(texts, (std::vector<std::string>{"49004 {\"QNH\":1017}", "49004 {\"QNH\":1018}",
-                                              std::string("49005 \0\xff", 8), "49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,"}));
+  EXPECT_EQ(texts, (std::vector<std::string>{"49004 12 {\"QNH\":1017}", "49004 12 {\"QNH\":1018}", "49005 0 ",
+                                              "49005 16384 " + std::string(28, 'x'), std::string("49005 2 \0\xff", 10),
+                                              "49005 43 a,b,c,d,e,f,g,h,i,j,k,l,m,n,"}));
 }
 
 }  // namespace
