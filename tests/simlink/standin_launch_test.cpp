@@ -1,40 +1,12 @@
+// The program starts the stand-in simulator itself on a machine without the real one.
+#include "simlink/standin_launch.h"
+
 #include <gtest/gtest.h>
 
-#include <mutex>
-#include <sstream>
-
-#include "engine/position_exchange.h"
-#include "engine/engine_tables.h"
-#include "simlink/standin_launch.h"
 #include "simlink_fixture.h"
 
 namespace orv::test {
 namespace {
-
-TEST_F(SimLinkTest, TheTraceShowsOurAircraftWhereThePositionWritesPutIt) {
-  connect();
-  const std::uint32_t live = createOwn(4000001, "DLH401");
-  const auto file = work / "trace.csv";
-  standin::startTrace(file, 1);
-  for (int step = 1; step <= 3; ++step) {
-    gPositionOut.engine().push_back(
-        PositionOut{50.04 + step * 0.001, 8.57, 0, 0, 1.5, 3000.0 + step * 10, 0, 250, live});
-    gPositionOut.handOver();
-    frames();
-  }
-  frames();  // a frame's line shows the object before the client's writes of that frame
-  standin::stopTrace();
-
-  std::istringstream lines(readFile(file));
-  std::string line;
-  std::vector<std::string> ours;
-  while (std::getline(lines, line))
-    if (line.find(",DLH401,") != std::string::npos) ours.push_back(line);
-  ASSERT_EQ(ours.size(), 4u);
-  EXPECT_NE(ours[1].find(",50.04100000,8.57000000,3010.00,"), std::string::npos) << ours[1];
-  EXPECT_NE(ours[3].find(fmt::format(",{},DLH401,Airbus A320 Lufthansa,50.04300000,8.57000000,3030.00,", live)),
-            std::string::npos) << ours[3];
-}
 
 TEST(StandinLaunch, DefaultScenarioOrTheFileOfTheOption) {
   LogCapture log;
