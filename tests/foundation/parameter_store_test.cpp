@@ -14,13 +14,7 @@ using test::writeFile;
 
 class ParameterStore : public test::ParameterTest {};
 
-std::string valueIn(const std::string& xml, const std::string& name) {
-  pugi::xml_document doc;
-  doc.load_string(xml.c_str());
-  auto params = doc.child("root").child("parameters");
-  if (!params) params = doc.child("parameters");
-  return params.find_child_by_attribute("parameter", "name", name.c_str()).attribute("value").as_string("<missing>");
-}
+using test::valueIn;
 
 TEST_F(ParameterStore, AMissingFileIsCreatedWithDefaultsInFileOrder) {
   ASSERT_TRUE(gf_readParameters());
