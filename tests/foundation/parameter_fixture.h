@@ -3,8 +3,8 @@
 // private working folder, and a captured log.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <pugixml.hpp>
+#include <filesystem>
 #include <string>
 
 #include "foundation/parameter_store.h"

@@ -40,15 +40,12 @@ TEST(StandinOptions, MistakesAreToldInWords) {
 
 TEST(StandinRun, PlaysARecordingIntoItsOwnRecorder) {
   orv::test::TempDir dir;
+  // An empty datagram, a binary one and the largest the reader takes among the others.
   const std::string played =
-      "# epoch 1718020800.000\n"
-      "0.000 49004 {\"QNH\":1018}\n"
-      "0.100 49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,1718020799.50,p\n"
-      "0.150 49005\n"  // an empty datagram
-      "0.200 49005 hex:00ff\n"
-      "0.250 49005 " + std::string(16384, 'x') + "\n"  // the largest the reader takes
-      "0.300 49004 {\"QNH\":1017}\n";
-  orv::test::writeFile(dir / "in.txt", played);
+      "# epoch 1718020800.000\n0.000 49004 {\"QNH\":1018}\n"
+      "0.100 49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,1718020799.50,p\n0.150 49005\n"
+      "0.200 49005 hex:00ff\n0.250 49005 ";
+  orv::test::writeFile(dir / "in.txt", played + std::string(16384, 'x') + "\n0.300 49004 {\"QNH\":1017}\n");
 
   // Free ports for this run; other tests may run beside it.
   test::OwnedSocket probeTraffic(test::udpReceiver(10));
@@ -78,8 +75,8 @@ TEST(StandinRun, PlaysARecordingIntoItsOwnRecorder) {
     texts.push_back(std::to_string(d.port) + " " + std::to_string(d.text.size()) + " " + d.text.substr(0, 28));
   std::sort(texts.begin(), texts.end());
   EXPECT_EQ(texts, (std::vector<std::string>{"49004 12 {\"QNH\":1017}", "49004 12 {\"QNH\":1018}", "49005 0 ",
-                                              "49005 16384 " + std::string(28, 'x'), std::string("49005 2 \0\xff", 10),
-                                              "49005 43 a,b,c,d,e,f,g,h,i,j,k,l,m,n,"}));
+                                             "49005 16384 " + std::string(28, 'x'), std::string("49005 2 \0\xff", 10),
+                                             "49005 43 a,b,c,d,e,f,g,h,i,j,k,l,m,n,"}));
 }
 
 }  // namespace

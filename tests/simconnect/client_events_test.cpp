@@ -7,11 +7,10 @@ namespace {
 
 // The events as the program maps them, from id 206 on.
 constexpr const char* kEvents[] = {
-    "BEACON_LIGHTS_SET", "NAV_LIGHTS_SET",      "TAXI_LIGHTS_SET",     "STROBES_SET",        "LANDING_LIGHTS_SET",
-    "CABIN_LIGHTS_SET",  "LOGO_LIGHTS_SET",     "ALL_LIGHTS_TOGGLE",   "FREEZE_LATITUDE_LONGITUDE_SET",
-    "FREEZE_ALTITUDE_SET", "FREEZE_ATTITUDE_SET", "FLAPS_SET",         "SPOILERS_SET",       "GEAR_SET",
-    "ENGINE_AUTO_START", "ENGINE_AUTO_SHUTDOWN", "THROTTLE_SET",
-};
+    "BEACON_LIGHTS_SET", "NAV_LIGHTS_SET", "TAXI_LIGHTS_SET", "STROBES_SET", "LANDING_LIGHTS_SET", "CABIN_LIGHTS_SET",
+    "LOGO_LIGHTS_SET", "ALL_LIGHTS_TOGGLE", "FREEZE_LATITUDE_LONGITUDE_SET", "FREEZE_ALTITUDE_SET",
+    "FREEZE_ATTITUDE_SET", "FLAPS_SET", "SPOILERS_SET", "GEAR_SET", "ENGINE_AUTO_START", "ENGINE_AUTO_SHUTDOWN",
+    "THROTTLE_SET"};
 
 class ClientEventsTest : public StandinTest {
  protected:
@@ -50,8 +49,9 @@ TEST_F(ClientEventsTest, DeclarationsAreVisibleForChecking) {
   SimConnect_MapClientEventToSimEvent(h, 217, "GEAR_SET");
   SimConnect_TransmitClientEvent(h, id, 231, 0, 301, 0);
   SimConnect_SetNotificationGroupPriority(h, 302, 1);
-  EXPECT_EQ(exceptionsOf(dispatchAll(h)), (Exceptions{SIMCONNECT_EXCEPTION_NAME_UNRECOGNIZED, SIMCONNECT_EXCEPTION_EVENT_ID_DUPLICATE,
-                                                     SIMCONNECT_EXCEPTION_UNRECOGNIZED_ID, SIMCONNECT_EXCEPTION_UNRECOGNIZED_ID}));
+  EXPECT_EQ(exceptionsOf(dispatchAll(h)),
+            (Exceptions{SIMCONNECT_EXCEPTION_NAME_UNRECOGNIZED, SIMCONNECT_EXCEPTION_EVENT_ID_DUPLICATE,
+                        SIMCONNECT_EXCEPTION_UNRECOGNIZED_ID, SIMCONNECT_EXCEPTION_UNRECOGNIZED_ID}));
   EXPECT_EQ(standin::session("Orvane")->clientEvents.at(217), "FLAPS_SET");
 }
 

@@ -92,8 +92,9 @@ TEST_F(GroundDataTest, BadWritesChangeNothing) {
   SimConnect_AddToDataDefinition(h, 406, "PLANE LATTITUDE", "degree");
   SimConnect_AddToDataDefinition(h, 406, "Plane Latitude", "furlong");
   SimConnect_AddToDataDefinition(h, 406, "TITLE", nullptr, SIMCONNECT_DATATYPE_FLOAT64);
-  EXPECT_EQ(exceptionsOf(dispatchAll(h)), (Exceptions{SIMCONNECT_EXCEPTION_NAME_UNRECOGNIZED, SIMCONNECT_EXCEPTION_NAME_UNRECOGNIZED,
-                                                     SIMCONNECT_EXCEPTION_INVALID_DATA_TYPE}));
+  EXPECT_EQ(exceptionsOf(dispatchAll(h)),
+            (Exceptions{SIMCONNECT_EXCEPTION_NAME_UNRECOGNIZED, SIMCONNECT_EXCEPTION_NAME_UNRECOGNIZED,
+                        SIMCONNECT_EXCEPTION_INVALID_DATA_TYPE}));
 }
 
 TEST_F(GroundDataTest, UserBlockCarriesPositionClockLightsAndTemperature) {

@@ -117,8 +117,8 @@ TEST_F(ObjectsTest, RemovalSendsObjectRemovedAndKeepsTheRecordOfCalls) {
   ASSERT_EQ(SimConnect_AIRemoveObject(h, id, 105), S_OK);
   ASSERT_EQ(SimConnect_AIRemoveObject(h, SIMCONNECT_OBJECT_ID_USER, 105), S_OK);
   ASSERT_EQ(SimConnect_AIRemoveObject(h, 999, 105), S_OK);
-  EXPECT_EQ(exceptionsOf(dispatchAll(h)), (Exceptions{SIMCONNECT_EXCEPTION_OPERATION_INVALID_FOR_OBJECT_TYPE,
-                                                     SIMCONNECT_EXCEPTION_UNRECOGNIZED_ID}));
+  EXPECT_EQ(exceptionsOf(dispatchAll(h)),
+            (Exceptions{SIMCONNECT_EXCEPTION_OPERATION_INVALID_FOR_OBJECT_TYPE, SIMCONNECT_EXCEPTION_UNRECOGNIZED_ID}));
   EXPECT_TRUE(standin::object(id)) << "the object goes at the next frame";
 
   standin::advanceFrames(1);
@@ -138,7 +138,8 @@ TEST_F(ObjectsTest, RemovalSendsObjectRemovedAndKeepsTheRecordOfCalls) {
 TEST_F(ObjectsTest, ClosingASessionRemovesTheAircraftItMade) {
   HANDLE other = nullptr;
   ASSERT_EQ(SimConnect_Open(&other, "Second", nullptr, 0, nullptr, 0), S_OK);
-  ASSERT_EQ(SimConnect_AICreateNonATCAircraft(other, "Boeing 737-800 Ryanair", "RYR9", at(50.04, 8.56, 0, true), 104), S_OK);
+  ASSERT_EQ(SimConnect_AICreateNonATCAircraft(other, "Boeing 737-800 Ryanair", "RYR9", at(50.04, 8.56, 0, true), 104),
+            S_OK);
   standin::advanceFrames(1);
   const DWORD id = standin::objectByAtcId("RYR9")->objectId;
   dispatchAll(h);

@@ -1,8 +1,7 @@
 // The program starts the stand-in simulator itself on a machine without the real one.
-#include "simlink/standin_launch.h"
-
 #include <gtest/gtest.h>
 
+#include "simlink/standin_launch.h"
 #include "simlink_fixture.h"
 
 namespace orv::test {
