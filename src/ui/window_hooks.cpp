@@ -16,7 +16,9 @@ static_assert(kSameBand<ShownBand::Title, Band::Title> && kSameBand<ShownBand::S
               kSameBand<ShownBand::Controls, Band::Controls> && kSameBand<ShownBand::ParkAirport, Band::ParkAirport> &&
               kSameBand<ShownBand::Message, Band::Message>);
 
-void repaint(ShownBand band) { gf_window().invalidate(lf_windowBand(band)); }
+Band windowBand(ShownBand band) { return static_cast<Band>(band); }
+
+void repaint(ShownBand band) { gf_window().invalidate(windowBand(band)); }
 void paintMessage() { gf_window().post(WM_PAINT_MESSAGE); }
 
 void showSimulatorSwitch() {
@@ -27,8 +29,6 @@ void showSimulatorSwitch() {
   lf_fillCombo(SIM_CHOICE);
 }
 }  // namespace
-
-Band lf_windowBand(ShownBand band) { return static_cast<Band>(band); }
 
 void lf_connectWindowHooks() {
   gf_repaint.set(repaint);
