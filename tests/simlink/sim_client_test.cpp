@@ -37,12 +37,10 @@ TEST_F(SimLinkTest, ConnectsWhenTheSimulatorStartsLateAndDeclaresEverything) {
 
   const auto session = standin::session("Orvane");
   ASSERT_TRUE(session);
-  EXPECT_EQ(session->systemEvents.size(), 6u);
   EXPECT_EQ(session->systemEvents.at(223), "Pause_EX1");
   EXPECT_EQ(session->systemEvents.at(205), "FlightLoaded");
-  EXPECT_EQ(session->clientEvents.size(), 17u);
   const auto& group = session->groups.at(301);
-  EXPECT_EQ(group.size(), 16u);
+  EXPECT_EQ(group.size(), session->clientEvents.size() - 1);
   EXPECT_EQ(std::count(group.begin(), group.end(), 220u), 0) << "ENGINE_AUTO_START stays out of the group";
   EXPECT_EQ(session->groupPriorities.at(301), 1u);
 
