@@ -17,7 +17,9 @@ static_assert(kSameBand<ShownBand::Title, Band::Title> && kSameBand<ShownBand::S
               kSameBand<ShownBand::Controls, Band::Controls> && kSameBand<ShownBand::ParkAirport, Band::ParkAirport> &&
               kSameBand<ShownBand::Message, Band::Message>);
 
-void repaint(ShownBand band) { gf_window().invalidate(lf_windowBand(band)); }
+Band windowBand(ShownBand band) { return static_cast<Band>(band); }
+
+void repaint(ShownBand band) { gf_window().invalidate(windowBand(band)); }
 void paintMessage() { gf_window().post(WM_PAINT_MESSAGE); }
 
 void showSimulatorSwitch() {
@@ -34,8 +36,6 @@ void showClassBox(const CheckboxParameter& box, bool enabled) {
   lf_enableControl(box.controlId, enabled);
 }
 }  // namespace
-
-Band lf_windowBand(ShownBand band) { return static_cast<Band>(band); }
 
 void lf_connectWindowHooks() {
   gf_repaint.set(repaint);

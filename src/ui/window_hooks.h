@@ -6,9 +6,6 @@
 
 namespace orv {
 
-// The window's band that shows a value of a band.
-Band lf_windowBand(ShownBand band);
-
 // Connects the hooks by which the subsystems reach the window: shown values repaint their band,
 // the message area asks the window's thread to paint it, a parameter read shows its values on
 // the controls, and the simulator switch posts its control work (scan boxes, install path,

@@ -1,13 +1,10 @@
 #pragma once
 // Helpers of the feed's loopback tests: RealTraffic's side of the link played by the test, and
-// a fixture that leaves the program-wide feed state as it found it.
+// a fixture that closes the link after each test.
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <functional>
 #include <mutex>
 #include <string>
-#include <thread>
 
 #include "engine/engine_tables.h"
 #include "engine/traffic_queue.h"
@@ -60,32 +57,11 @@ inline bool sendDatagram(std::uint16_t port, std::string_view datagram) {
   return n == static_cast<int>(datagram.size());
 }
 
-// Waits up to ten seconds for another thread.
-inline bool eventually(const std::function<bool()>& condition) {
-  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(2));
-  }
-  return true;
-}
-
+// Every test starts from the run state's reset; the link is closed again at the end, so that
+// no socket outlives its test.
 class FeedTest : public testing::Test {
  protected:
-  void SetUp() override {
-    lf_closeRt();
-    lf_resetFeed();
-    gv_rtOnThisPc = false;
-    gv_rtProf = gv_stopRun = gv_userClosing = false;
-    gv_exitReason = ExitReason::NotYetSet;
-    gv_restartSeconds = 0;
-    gUserSnapshot = UserBlock{};
-    gf_clearEngineTables();
-    gf_resetMessageArea();
-    lf_resetStatusBand();
-    gTrafficQueue.setEnabled(false);
-  }
-  void TearDown() override { SetUp(); }
+  void TearDown() override { lf_closeRt(); }
   LogCapture log;
 };
 

@@ -35,16 +35,11 @@ std::string reportLine(const std::map<int, std::string>& changes = {}) {
 class TrafficDecoding : public testing::Test {
  protected:
   void SetUp() override {
-    gf_clearEngineTables();
     gTrafficQueue.setEnabled(true);
     RANGE.set(40);
     AIRBORNE_ONLY.set(false);
     decoder.setUserPosition(50.0, 8.5);
     gv_tick = 100;
-  }
-  void TearDown() override {
-    gTrafficQueue.setEnabled(false);
-    gTrafficQueue.clear();
   }
 
   // The message a line became, or nothing when it was dropped.

@@ -50,6 +50,7 @@ TEST_F(MessageAreaTest, AnErrorIsNeverOverwrittenByAMessage) {
   unsigned paints = 0;
   while (window.pending() > 0) paints += window.waitMessage().id == WM_PAINT_MESSAGE;
   EXPECT_EQ(paints, 3u);
+  EXPECT_EQ(window.invalidations(Band::Message), 0u) << "posted to the window's thread, never painted by the caller";
 }
 
 TEST_F(MessageAreaTest, MessagesAgeOutAfter25Seconds) {

@@ -3,7 +3,9 @@
 // private working folder, and a captured log.
 #include <gtest/gtest.h>
 
+#include <pugixml.hpp>
 #include <filesystem>
+#include <string>
 
 #include "foundation/parameter_store.h"
 #include "foundation/parameters.h"
@@ -13,6 +15,15 @@
 #include "ui/window_hooks.h"
 
 namespace orv::test {
+
+// A parameter's value in the text of a parameters.xml, with or without root; "<missing>" if absent.
+inline std::string valueIn(const std::string& xml, const std::string& name) {
+  pugi::xml_document doc;
+  doc.load_string(xml.c_str());
+  auto params = doc.child("root").child("parameters");
+  if (!params) params = doc.child("parameters");
+  return params.find_child_by_attribute("parameter", "name", name.c_str()).attribute("value").as_string("<missing>");
+}
 
 class ParameterTest : public testing::Test {
  protected:

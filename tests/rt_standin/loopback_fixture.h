@@ -1,12 +1,7 @@
 #pragma once
-// Helpers of the loopback tests: sockets that close themselves, and waiting for another
-// thread with a generous limit, so that a fault fails the test instead of hanging it.
-#include <atomic>
-#include <chrono>
-#include <functional>
-#include <thread>
-
+// Helpers of the loopback tests: sockets that close themselves, UDP receivers on free ports.
 #include "platform/net/socket_layer.h"
+#include "test_support.h"
 
 namespace orv::standin::test {
 
@@ -22,25 +17,7 @@ struct OwnedSocket {
   }
 };
 
-// Stops and joins a thread however the test leaves its scope.
-struct StopAndJoin {
-  std::atomic<bool>& stop;
-  std::thread& thread;
-  ~StopAndJoin() {
-    stop = true;
-    if (thread.joinable()) thread.join();
-  }
-};
-
-inline bool eventually(const std::function<bool()>& condition,
-                       std::chrono::milliseconds limit = std::chrono::milliseconds(10000)) {
-  const auto end = std::chrono::steady_clock::now() + limit;
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  }
-  return true;
-}
+using orv::test::eventually;
 
 // A UDP socket at 127.0.0.1 on a free port, whose receives give up after a while.
 inline net::Socket udpReceiver(int timeoutMs) {

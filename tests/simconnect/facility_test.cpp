@@ -91,11 +91,9 @@ TEST_F(FacilityTest, UnknownAirportsAndBadDefinitions) {
   SimConnect_AddToFacilityDefinition(h, 1002, "CLOSE HELIPAD");
   SimConnect_RequestFacilityData(h, 1002, 2002, "EDDF", "");  // still open
   SimConnect_RequestFacilityData(h, 1003, 2003, "EDDF", "");  // never defined
-  std::vector<DWORD> exceptions;
-  for (const auto& r : dispatchAll(h)) exceptions.push_back(recordAs<SIMCONNECT_RECV_EXCEPTION>(r).dwException);
   const DWORD dataError = SIMCONNECT_EXCEPTION_DATA_ERROR;
-  EXPECT_EQ(exceptions, (std::vector<DWORD>{dataError, dataError, dataError, dataError, dataError,
-                                            SIMCONNECT_EXCEPTION_UNRECOGNIZED_ID}));
+  EXPECT_EQ(exceptionsOf(dispatchAll(h)),
+            (Exceptions{dataError, dataError, dataError, dataError, dataError, SIMCONNECT_EXCEPTION_UNRECOGNIZED_ID}));
   EXPECT_EQ(standin::session("PARKING_DATA_RDR")->facilityDefinitions.at(1001).size(), std::size(kDefinition));
 }
 

@@ -31,13 +31,8 @@ class ObjectsTest : public StandinTest {
   }
 
   // Creates an aircraft nearby the user and gives the send id of the call.
-  DWORD create(const char* title, const char* callsign, double altitudeFt = 3000) {
-    SIMCONNECT_DATA_INITPOSITION pos{};
-    pos.Latitude = 50.05;
-    pos.Longitude = 8.57;
-    pos.Altitude = altitudeFt;
-    pos.Heading = 250;
-    EXPECT_EQ(SimConnect_AICreateNonATCAircraft(h, title, callsign, pos, 104), S_OK);
+  DWORD create(const char* title, const char* callsign) {
+    EXPECT_EQ(SimConnect_AICreateNonATCAircraft(h, title, callsign, at(50.05, 8.57, 3000, false, 250), 104), S_OK);
     DWORD sendId = 0;
     EXPECT_EQ(SimConnect_GetLastSentPacketID(h, &sendId), S_OK);
     return sendId;
@@ -122,16 +117,12 @@ TEST_F(ObjectsTest, RemovalSendsObjectRemovedAndKeepsTheRecordOfCalls) {
   ASSERT_EQ(SimConnect_AIRemoveObject(h, id, 105), S_OK);
   ASSERT_EQ(SimConnect_AIRemoveObject(h, SIMCONNECT_OBJECT_ID_USER, 105), S_OK);
   ASSERT_EQ(SimConnect_AIRemoveObject(h, 999, 105), S_OK);
-  auto records = dispatchAll(h);
-  ASSERT_EQ(records.size(), 2u);
-  EXPECT_EQ(recordAs<SIMCONNECT_RECV_EXCEPTION>(records[0]).dwException,
-            static_cast<DWORD>(SIMCONNECT_EXCEPTION_OPERATION_INVALID_FOR_OBJECT_TYPE));
-  EXPECT_EQ(recordAs<SIMCONNECT_RECV_EXCEPTION>(records[1]).dwException,
-            static_cast<DWORD>(SIMCONNECT_EXCEPTION_UNRECOGNIZED_ID));
+  EXPECT_EQ(exceptionsOf(dispatchAll(h)),
+            (Exceptions{SIMCONNECT_EXCEPTION_OPERATION_INVALID_FOR_OBJECT_TYPE, SIMCONNECT_EXCEPTION_UNRECOGNIZED_ID}));
   EXPECT_TRUE(standin::object(id)) << "the object goes at the next frame";
 
   standin::advanceFrames(1);
-  records = dispatchAll(h);
+  const auto records = dispatchAll(h);
   ASSERT_EQ(records.size(), 1u);
   const auto removed = recordAs<SIMCONNECT_RECV_EVENT_OBJECT_ADDREMOVE>(records[0]);
   EXPECT_EQ(removed.uEventID, 203u);
@@ -147,11 +138,8 @@ TEST_F(ObjectsTest, RemovalSendsObjectRemovedAndKeepsTheRecordOfCalls) {
 TEST_F(ObjectsTest, ClosingASessionRemovesTheAircraftItMade) {
   HANDLE other = nullptr;
   ASSERT_EQ(SimConnect_Open(&other, "Second", nullptr, 0, nullptr, 0), S_OK);
-  SIMCONNECT_DATA_INITPOSITION pos{};
-  pos.Latitude = 50.04;
-  pos.Longitude = 8.56;
-  pos.OnGround = 1;
-  ASSERT_EQ(SimConnect_AICreateNonATCAircraft(other, "Boeing 737-800 Ryanair", "RYR9", pos, 104), S_OK);
+  ASSERT_EQ(SimConnect_AICreateNonATCAircraft(other, "Boeing 737-800 Ryanair", "RYR9", at(50.04, 8.56, 0, true), 104),
+            S_OK);
   standin::advanceFrames(1);
   const DWORD id = standin::objectByAtcId("RYR9")->objectId;
   dispatchAll(h);

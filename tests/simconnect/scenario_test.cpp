@@ -83,8 +83,7 @@ TEST_F(ScenarioTest, FileGivesUserAircraftAndIds) {
   HANDLE h = nullptr;
   ASSERT_EQ(SimConnect_Open(&h, "Orvane", nullptr, 0, nullptr, 0), S_OK);
   EXPECT_STREQ(recordAs<SIMCONNECT_RECV_OPEN>(dispatchAll(h).at(0)).szApplicationName, "Wright Flyer");
-  SIMCONNECT_DATA_INITPOSITION pos{};
-  SimConnect_AICreateNonATCAircraft(h, "Whatever", "N1", pos, 104);
+  SimConnect_AICreateNonATCAircraft(h, "Whatever", "N1", at(0, 0), 104);
   standin::advanceFrames(1);
   EXPECT_EQ(standin::objectByAtcId("N1")->objectId, 10u) << "AI ids start above the user's";
 }

@@ -29,6 +29,24 @@ std::vector<RecordBytes> dispatchAll(HANDLE handle) {
   return out;
 }
 
+Exceptions exceptionsOf(const std::vector<RecordBytes>& records) {
+  Exceptions out;
+  for (const auto& r : ofId(records, SIMCONNECT_RECV_ID_EXCEPTION))
+    out.push_back(recordAs<SIMCONNECT_RECV_EXCEPTION>(r).dwException);
+  return out;
+}
+
+SIMCONNECT_DATA_INITPOSITION at(double latitude, double longitude, double altitudeFt, bool onGround,
+                                double headingDeg) {
+  SIMCONNECT_DATA_INITPOSITION pos{};
+  pos.Latitude = latitude;
+  pos.Longitude = longitude;
+  pos.Altitude = altitudeFt;
+  pos.OnGround = onGround ? 1 : 0;
+  pos.Heading = headingDeg;
+  return pos;
+}
+
 HANDLE StandinTest::startWith(std::string_view scenarioJson, const char* name) {
   standin::loadScenarioText(scenarioJson);
   standin::start();

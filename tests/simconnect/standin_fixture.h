@@ -38,6 +38,13 @@ T readAt(const RecordBytes& bytes, std::size_t offset) {
 
 // Everything one SimConnect_CallDispatch delivers, copied.
 std::vector<RecordBytes> dispatchAll(HANDLE handle);
+// The exception numbers of the exception records among them, in order.
+using Exceptions = std::vector<DWORD>;
+Exceptions exceptionsOf(const std::vector<RecordBytes>& records);
+
+// The place of a creation call.
+SIMCONNECT_DATA_INITPOSITION at(double latitude, double longitude, double altitudeFt = 0, bool onGround = false,
+                                double headingDeg = 0);
 
 // A fresh, stopped stand-in for each test, and nothing left behind.
 class StandinTest : public ::testing::Test {

@@ -2,7 +2,6 @@
 // the engine step with the simulator link's port bound, without the client thread.
 #include <gtest/gtest.h>
 
-#include "simlink/sim_port_binding.h"
 #include "simlink/sim_queues.h"
 #include "simlink/sim_outbox.h"
 #include "engine/sim_notice_queue.h"
@@ -21,15 +20,10 @@ namespace {
 
 constexpr double kDeg = 1.0 / 57.29577951308232;
 
+// The run state's reset binds the simulator link's port and empties the tables and queues.
 class LifeCycle : public testing::Test {
  protected:
-  void SetUp() override {
-    gf_bindSimLink();
-    gf_clearEngineTables();
-    gf_clearSimQueues();
-    gv_tick = 1;
-  }
-  void TearDown() override { gf_clearEngineTables(); }
+  void SetUp() override { gv_tick = 1; }
 
   // A live aircraft that spawning has just asked the simulator for.
   LiveAc& adding(std::uint32_t hexid, const char* cs, bool airborne = true) {

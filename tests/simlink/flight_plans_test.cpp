@@ -54,19 +54,17 @@ TEST_F(SimLinkTest, FlightPlanFilesForMsfs2020AndTheirFolder) {
 
 TEST(CreateFailures, TheTwentiethRefusedTitleEndsTheRunWithError81) {
   LogCapture log;
-  const std::vector<std::string> titles{"L0", "L1", "L2", "L3", "L4", "L5", "L6", "L7", "L8", "L9",
-                                        "L10", "L11", "L12", "L13", "L14", "L15", "L16", "L17", "L18", "L19"};
   AcRecord ac;
   ac.cs = "DLH401";
   ac.code.acType = modelIndex("A320");
   ac.code.airline = airlineIndex("DLH");
-  for (std::size_t i : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 0}) {
-    ac.title = titles[i];
+  for (int i : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 0}) {
+    ac.title = fmt::format("L{}", i);
     EXPECT_NO_THROW(gf_reportCreateFailed(ac)) << "19 titles, the first one twice";
   }
   EXPECT_NE(log.text().find("DLH401 'L0' could not be created by your Sim!\n"), std::string::npos);
   EXPECT_EQ(gFailedTitleInfo, (std::set<std::string, std::less<>>{"A320 DLH"}));
-  ac.title = titles[19];
+  ac.title = "L19";
   try {
     gf_reportCreateFailed(ac);
     ADD_FAILURE() << "no error at the 20th title";
@@ -76,8 +74,6 @@ TEST(CreateFailures, TheTwentiethRefusedTitleEndsTheRunWithError81) {
   }
   EXPECT_NE(log.text().find("\n===> Error 81, There are too many liveries that could not be created!\n"),
             std::string::npos);
-  gFailedTitles.clear();
-  gFailedTitleInfo.clear();
   gf_resetCodeTables();
 }
 

@@ -37,12 +37,10 @@ TEST_F(SimLinkTest, ConnectsWhenTheSimulatorStartsLateAndDeclaresEverything) {
 
   const auto session = standin::session("Orvane");
   ASSERT_TRUE(session);
-  EXPECT_EQ(session->systemEvents.size(), 6u);
   EXPECT_EQ(session->systemEvents.at(223), "Pause_EX1");
   EXPECT_EQ(session->systemEvents.at(205), "FlightLoaded");
-  EXPECT_EQ(session->clientEvents.size(), 17u);
   const auto& group = session->groups.at(301);
-  EXPECT_EQ(group.size(), 16u);
+  EXPECT_EQ(group.size(), session->clientEvents.size() - 1);
   EXPECT_EQ(std::count(group.begin(), group.end(), 220u), 0) << "ENGINE_AUTO_START stays out of the group";
   EXPECT_EQ(session->groupPriorities.at(301), 1u);
 
@@ -100,7 +98,7 @@ TEST_F(SimLinkTest, APositionWriteLandsEveryValueInItsPlace) {
   EXPECT_DOUBLE_EQ(o->trueAirspeedKt, 251);
 }
 
-TEST_F(SimLinkTest, AFailureInsideTheDispatchIsRaisedOnlyAfterTheSimulatorsLibraryReturned) {
+TEST_F(SimLinkTest, AnotherSimulatorIsAnErrorRaisedAfterTheDispatchAndTheRunEndsAsWithoutSimulator) {
   // The open record of a foreign simulator throws inside the callback. The stand-in ends the
   // process for an exception that reaches it, as the real library would; here the client
   // catches it, skips the records behind it, and ends the run after the dispatch.
@@ -108,13 +106,6 @@ TEST_F(SimLinkTest, AFailureInsideTheDispatchIsRaisedOnlyAfterTheSimulatorsLibra
   ASSERT_TRUE(waitForStop());
   lf_joinSimClient();
   EXPECT_FALSE(gSimStatus.running.load()) << "the Sim record behind the open record was skipped";
-  EXPECT_EQ(gf_messageArea().errorText, "77: 'Prepar3D v5' not being MSFS 2020 or MSFS 2024 connects ... ?");
-}
-
-TEST_F(SimLinkTest, AnotherSimulatorIsAnErrorAndTheRunEndsAsWithoutSimulator) {
-  startClient(scenarioJson(R"("applicationName": "Prepar3D v5")"));
-  ASSERT_TRUE(waitForStop());
-  lf_joinSimClient();
   EXPECT_EQ(gf_messageArea().errorText, "77: 'Prepar3D v5' not being MSFS 2020 or MSFS 2024 connects ... ?");
   EXPECT_EQ(gv_exitReason.load(), ExitReason::SimWasClosed);
   EXPECT_NE(log.text().find(" Flight Simulator no longer connected, Orvane will stop ...\n"), std::string::npos);

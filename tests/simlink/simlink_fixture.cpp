@@ -2,22 +2,14 @@
 
 #include <fmt/format.h>
 
-#include <mutex>
 #include <thread>
 
-#include "engine/engine_tables.h"
 #include "engine/sim_notice_queue.h"
-#include "foundation/message_area.h"
 #include "foundation/parameter_store.h"
 #include "foundation/run_flags.h"
-#include "foundation/sim_choice.h"
-#include "foundation/time_text.h"
 #include "simlink/object_requests.h"
 #include "simlink/sim_client.h"
-#include "simlink/sim_port_binding.h"
 #include "simlink/sim_queues.h"
-#include "simlink/sim_run_state.h"
-#include "simlink/sim_session.h"
 
 namespace orv::test {
 
@@ -31,33 +23,17 @@ std::string scenarioJson(std::string_view extra, std::string_view user) {
                      user, extra.empty() ? "" : ", ", extra);
 }
 
-void resetRun() {
-  gv_stopRun = gv_userClosing = false;
-  gv_exitReason = ExitReason::NotYetSet;
-  gv_restartSeconds = 0;
-  gv_simRunning = gv_simRequestFailed = gv_secondTick = gv_rtProf = false;
-  gv_isMsfs2020 = true;
-  gf_resetMessageArea();
-  gf_clearEngineTables();
-  gf_resetSimLink();
-  gAddedObjects.clear();
-  gPendingCreates.clear();
-  gf_bindSimLink();
-}
-
 void SimLinkTest::SetUp() {
   standin::reset();
   gf_setWindow(&window);
   previousDir = std::filesystem::current_path();
   std::filesystem::current_path(work.path());
   gf_writeParameters(true);
-  resetRun();
 }
 
 void SimLinkTest::TearDown() {
   lf_joinSimClient();
   standin::reset();
-  resetRun();
   std::filesystem::current_path(previousDir);
   gf_setWindow(nullptr);
 }

@@ -1,6 +1,6 @@
 #pragma once
-// The real SimClient thread against the stand-in simulator on its stepped clock, with fresh
-// run flags, private folders and a captured log for each test. Frames advance one at a
+// The real SimClient thread against the stand-in simulator on its stepped clock, with private
+// folders and a captured log for each test (the run state's reset gives fresh run flags). Frames advance one at a
 // time and the client takes everything of a frame before the next, so that what a test
 // sees is what the program did.
 #include <gtest/gtest.h>
@@ -20,8 +20,6 @@ inline constexpr std::string_view kDefaultUser =
     R"("title": "Airbus A320 Neo Asobo", "atcModel": "A20N", "latitude": 50.0379, "longitude": 8.5622)";
 // A scenario at Frankfurt, ten frames a second, with two creatable titles; `extra` adds keys.
 std::string scenarioJson(std::string_view extra = {}, std::string_view user = kDefaultUser);
-// Every run-scoped flag and table back to the start of a run.
-void resetRun();
 
 class SimLinkTest : public testing::Test {
  protected:

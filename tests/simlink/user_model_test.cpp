@@ -63,11 +63,10 @@ TEST(UserModel, ModelTextToWingSpanWithTheMessagesTheUserSees) {
   EXPECT_EQ(gUserTitle, std::string(48, 'T'));
   EXPECT_NE(log.text().find("SimConnect: User aircraft title: " + std::string(48, 'T') + "\n"), std::string::npos);
 
-  gf_clearUserModel();
+  // The reference tables are the process's; the run state's reset leaves them alone.
   lf_clearWingspans();
   lf_clearValidCodes();
   gf_resetCodeTables();
-  gf_resetMessageArea();
   gf_setWindow(nullptr);
 }
 

@@ -1,6 +1,9 @@
 #pragma once
-// Shared fixtures of the tests: private folders, a captured log, file helpers.
+// Shared fixtures of the tests: private folders, a captured log, file helpers, waiting for
+// another thread.
+#include <chrono>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -53,5 +56,9 @@ void resetRunState();
 
 std::string readFile(const std::filesystem::path& file);
 void writeFile(const std::filesystem::path& file, std::string_view bytes);
+
+// Polls the condition until it holds; false after the limit, so that a fault fails the test
+// instead of hanging it.
+bool eventually(const std::function<bool()>& condition, std::chrono::milliseconds limit = std::chrono::seconds(10));
 
 }  // namespace orv::test

@@ -17,6 +17,11 @@ void resetRunState() {
   lf_resetRunRequests();
   lf_resetStatusBand();
   lf_clearParkAirportBand();
+  // The parking side's marks that no band reset clears.
+  gParkingStatus.minutesToUpdate.store(20);
+  gParkingStatus.parkingPossible.store(false);
+  gParkingStatus.tbloRequest.store(false);
+  gParkingStatus.objectIdText.store({});
 }
 
 }  // namespace orv::test

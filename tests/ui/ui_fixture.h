@@ -1,6 +1,6 @@
 #pragma once
-// Every UI test starts from defaults: parameters, window state, an empty headless window,
-// and an AppData folder of its own.
+// Every UI test starts from defaults: parameters, the run state's reset (the window's state
+// with it), an empty headless window, and an AppData folder of its own.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -28,22 +28,11 @@ inline void resetParametersToDefaults() {
   CALLSIGN_2_OBJECTID.set(CALLSIGN_2_OBJECTID.defaultValue);
 }
 
-inline void resetWindowState() {
-  lf_resetStatusBand();
-  lf_clearParkAirportBand();
-  gParkingStatus.minutesToUpdate.store(20);
-  gParkingStatus.parkingPossible.store(false);
-  gParkingStatus.tbloRequest.store(false);
-  gParkingStatus.objectIdText.store({});
-  gv_staticUpdateRunning.store(false);
-}
-
 class UiTest : public ::testing::Test {
  protected:
   void SetUp() override {
     lf_connectWindowHooks();
     resetParametersToDefaults();
-    resetWindowState();
     std::filesystem::create_directories(gf_userFolder());
     // Installed last, so that the resets above leave no invalidations behind.
     gf_setWindow(&window);

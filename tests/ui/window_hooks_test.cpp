@@ -2,7 +2,6 @@
 
 #include <thread>
 
-#include "foundation/message_area.h"
 #include "foundation/parameters.h"
 #include "simlink/simulator_switch.h"
 #include "ui/controls.h"
@@ -13,14 +12,6 @@ namespace orv {
 namespace {
 
 using test::UiTest;
-
-TEST_F(UiTest, EachShownBandIsTheWindowsBandOfTheSameName) {
-  EXPECT_EQ(lf_windowBand(ShownBand::Title), Band::Title);
-  EXPECT_EQ(lf_windowBand(ShownBand::Status), Band::Status);
-  EXPECT_EQ(lf_windowBand(ShownBand::Controls), Band::Controls);
-  EXPECT_EQ(lf_windowBand(ShownBand::ParkAirport), Band::ParkAirport);
-  EXPECT_EQ(lf_windowBand(ShownBand::Message), Band::Message);
-}
 
 TEST_F(UiTest, TheSimulatorSwitchMovesTheControlsOnlyOnTheWindowThread) {
   lf_createControls();
@@ -46,15 +37,6 @@ TEST_F(UiTest, TheSimulatorSwitchMovesTheControlsOnlyOnTheWindowThread) {
   EXPECT_TRUE(window.control(SCAN_LIVERIES.controlId)->checked);
   EXPECT_EQ(window.control(ALL_INSTALL_PATH.controlId)->text, "");
   EXPECT_EQ(window.control(SIM_CHOICE.controlId)->text, "MSFS 2020");
-}
-
-TEST_F(UiTest, TheMessageAreaAsksTheWindowThreadToPaint) {
-  while (window.pending() > 0) window.waitMessage();
-  setMessage("hello");
-  ASSERT_EQ(window.pending(), 1u);
-  EXPECT_EQ(window.waitMessage().id, WM_PAINT_MESSAGE);
-  EXPECT_EQ(window.invalidations(Band::Message), 0u);
-  gf_resetMessageArea();
 }
 
 }  // namespace
