@@ -37,20 +37,8 @@ else
   selected=("$1")
 fi
 
-tools/setup.sh
 # clang, its runtime (libFuzzer and the sanitizers) and the symbolizer for readable reports.
-missing=()
-for p in clang libclang-rt-dev llvm; do
-  if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed'; then missing+=("$p"); fi
-done
-if [ ${#missing[@]} -gt 0 ]; then
-  sudo=""
-  if [ "$(id -u)" -ne 0 ]; then sudo="sudo"; fi
-  echo "Installing: ${missing[*]}"
-  export DEBIAN_FRONTEND=noninteractive
-  $sudo apt-get update -qq
-  $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
-fi
+tools/setup.sh clang libclang-rt-dev llvm
 
 build=build-fuzz
 cmake -S . -B "$build" -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DORV_FUZZ=ON \
