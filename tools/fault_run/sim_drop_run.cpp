@@ -140,7 +140,7 @@ int runSimDrops(const SimRunOptions& options) {
   const ProcessFigures& first = figures.front();
   const ProcessFigures& last = figures.back();
   v.check(last.threads == first.threads && last.openFiles == first.openFiles &&
-              last.residentKb - first.residentKb <= std::max<long>(8 * 1024, first.residentKb / 10),
+              memoryFlat(first.residentKb, last.residentKb),
           fmt::format("threads, open files and memory stayed flat ({:+} threads, {:+} files, {:+.1f} MB)",
                       last.threads - first.threads, last.openFiles - first.openFiles,
                       megabytes(last.residentKb - first.residentKb)));
