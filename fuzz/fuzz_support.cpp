@@ -1,5 +1,7 @@
 #include "fuzz_support.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -20,7 +22,8 @@ struct Scratch {
     // Memory-backed when the system has it: the file targets write an input each run.
     const fs::path base = fs::is_directory("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path();
     for (int attempt = 0; attempt < 100; ++attempt) {
-      fs::path candidate = base / ("orvane-fuzz-" + std::to_string(rng()));
+      // The process id in front: tools/fuzz.sh removes the folder of a run that crashed.
+      fs::path candidate = base / ("orvane-fuzz-" + std::to_string(getpid()) + "-" + std::to_string(rng()));
       if (fs::create_directory(candidate)) {
         path = candidate;
         return;

@@ -65,9 +65,13 @@ for name in "${selected[@]}"; do
   before=$(find "$findings" -maxdepth 1 -type f | wc -l)
   echo "== $name: $seconds s"
   set +e
-  "$build/fuzz/${name}_fuzz" "${options[@]}" "$work" "fuzz/corpus/$name" >"$log" 2>&1
+  "$build/fuzz/${name}_fuzz" "${options[@]}" "$work" "fuzz/corpus/$name" >"$log" 2>&1 &
+  pid=$!
+  wait $pid
   status=$?
   set -e
+  # The scratch folder of a run that ended at a finding (fuzz_support.cpp).
+  rm -rf /dev/shm/orvane-fuzz-"$pid"-* "${TMPDIR:-/tmp}"/orvane-fuzz-"$pid"-*
   executions=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log" | tail -1)
   # A run that stopped at a finding prints no final statistics; its last status line counts.
   [ -n "$executions" ] || executions=$(sed -n 's/^#\([0-9]*\).*/\1/p' "$log" | tail -1)
