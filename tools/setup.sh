@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that the build needs, only when one is missing.
+# Installs the Debian packages that the build needs, only when one is missing; packages named
+# as arguments join them (tools/fuzz.sh asks for clang).
 # Non-interactive and idempotent: a machine that has everything runs no apt at all.
 set -euo pipefail
 
@@ -9,6 +10,7 @@ packages=(
   libsodium-dev libcurl4-openssl-dev libzip-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   python3
+  "$@"
 )
 
 missing=()

@@ -135,7 +135,9 @@ void sendDueNotices(World& w) {
 
 void answerPeriodicRequests(World& w) {
   const std::uint64_t fps = framesPerSecond(w);
-  for (auto& [key, s] : w.sessions) {
+  for (auto& entry : w.sessions) {
+    // A named reference, not a structured binding: clang 14 (the fuzz build) can't capture one.
+    Session& s = entry.second;
     if (s.dead || s.lost) continue;
     std::erase_if(s.periodic, [&](const PeriodicRequest& r) {
       const SimObject* o = findObject(w, r.objectId);

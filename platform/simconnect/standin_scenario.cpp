@@ -435,7 +435,8 @@ Scenario parseScenario(std::string_view text, std::string_view origin) {
   json j;
   try {
     j = json::parse(text.begin(), text.end());
-  } catch (const json::parse_error& e) {
+  } catch (const json::exception& e) {
+    // A syntax error, or a number beyond any double (out_of_range).
     r.fail("", fmt::format("not valid JSON: {}", e.what()));
   }
   r.requireObject(j, "");

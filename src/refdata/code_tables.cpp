@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <deque>
+#include <limits>
 #include <mutex>
 #include <optional>
 #include <shared_mutex>
@@ -26,6 +27,9 @@ struct CodeTable {
     if (auto found = find(code)) return *found;
     std::unique_lock lock(mutex);
     if (auto it = index.find(code); it != index.end()) return it->second;
+    // Indexes are 16 bits: a full table takes no more texts, and a new one means none, instead
+    // of wrapping onto the index of another (a feed can bring any number of new models).
+    if (texts.size() > std::numeric_limits<uint16_t>::max()) return 0;
     auto next = static_cast<uint16_t>(texts.size());
     texts.emplace_back(code);
     index.emplace(texts.back(), next);

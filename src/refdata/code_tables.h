@@ -1,7 +1,8 @@
 #pragma once
 // The airline and model code tables: growing tables of code texts with a hash index.
 // Index 0 is the empty text and means "none"; looking up a new text adds it, so a lookup
-// never fails. Thread-safe: the Traffic Reader adds model codes while the run thread reads.
+// never fails. A full table (65536 texts) adds nothing more and gives 0 for a new text.
+// Thread-safe: the Traffic Reader adds model codes while the run thread reads.
 #include <cstdint>
 #include <string>
 #include <string_view>

@@ -1,8 +1,11 @@
 // The stand-in's UDP side on loopback: a recording played into sockets of the test, faults
 // mixed in.
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <chrono>
+#include <optional>
 #include <set>
 #include <sstream>
 #include <vector>
@@ -91,6 +94,102 @@ TEST(FeedLoopback, EachBrokenLineIsADifferentFault) {
   EXPECT_FALSE(kinds.contains(kGood));
   EXPECT_EQ(malformedTraffic(kGood, 9), "RTTFC,3951402,50.064487,8.684970,1600,-832,0,249.0,160.5,DLH401");
   EXPECT_EQ(oversizeDatagram(std::string(20000, 'a')).size(), 16384u);
+}
+
+// The field of a traffic line, or nothing when the line has no such field.
+std::optional<std::string> fieldOf(const std::string& line, std::size_t index) {
+  std::size_t begin = 0;
+  for (std::size_t i = 0; i < index; ++i) {
+    begin = line.find(',', begin);
+    if (begin == std::string::npos) return std::nullopt;
+    ++begin;
+  }
+  return line.substr(begin, line.find(',', begin) - begin);
+}
+
+bool isNumber(const std::optional<std::string>& text) {
+  double value = 0;
+  return text && !text->empty() && std::from_chars(text->data(), text->data() + text->size(), value).ec == std::errc();
+}
+
+TEST(FeedLoopback, CutLinesLoseTheirTimeStampOrTheirClosingBraceButKeepWhatTellsThemApart) {
+  const std::string weather = R"({"ICAO":"EDDF","QNH":1018,"METAR":"EDDF 101150Z"})";
+  std::set<std::string> cuts;
+  for (std::size_t n = 0; n < 200; ++n) {
+    const std::string traffic = truncatedDatagram(kGood, false, n);
+    EXPECT_TRUE(traffic.starts_with("RTTFC,3951402")) << traffic;
+    EXPECT_FALSE(fieldOf(traffic, 14)) << traffic;
+    const std::string json = truncatedDatagram(weather, true, n);
+    EXPECT_TRUE(json.starts_with(R"({"ICAO":"EDDF")")) << json;
+    EXPECT_LT(json.size(), weather.size() - 1);
+    cuts.insert(traffic);
+  }
+  EXPECT_GT(cuts.size(), 50u) << "the cut moves";
+  EXPECT_EQ(truncatedDatagram("x", false, 3), "x") << "nothing to cut";
+  EXPECT_TRUE(malformedTrafficAlwaysLogged(0) && malformedTrafficAlwaysLogged(1) && malformedTrafficAlwaysLogged(8) &&
+              malformedTrafficAlwaysLogged(9));
+  EXPECT_FALSE(malformedTrafficAlwaysLogged(2) || malformedTrafficAlwaysLogged(5) || malformedTrafficAlwaysLogged(7));
+}
+
+TEST(FeedLoopback, AFloodNeverRepeatsAndNoneOfItCanBeRead) {
+  std::set<std::string> seen;
+  std::size_t weather = 0, overlong = 0;
+  for (std::size_t n = 0; n < 4000; ++n) {
+    const FloodDatagram d = floodDatagram(kGood, n);
+    ASSERT_TRUE(seen.insert(d.text).second) << "the reader would drop a repeat: " << d.text.substr(0, 80);
+    if (d.overlong) {
+      ++overlong;
+      EXPECT_GE(d.text.size(), kReaderBufferSize);
+      EXPECT_LE(d.text.size(), 65507u) << "more than UDP carries";
+    } else if (d.weather) {
+      ++weather;
+      EXPECT_EQ(d.text.find("\"QNH\":1018"), std::string::npos) << d.text;
+    } else {
+      EXPECT_TRUE(!isNumber(fieldOf(d.text, 14)) || !isNumber(fieldOf(d.text, 2))) << d.text;
+    }
+  }
+  EXPECT_EQ(weather, 1500u);
+  EXPECT_EQ(overlong, 500u);
+}
+
+TEST(FeedLoopback, HeldBackCutAndFloodedDatagramsArriveAndAreCounted) {
+  OwnedSocket traffic(test::udpReceiver(500));
+  OwnedSocket weather(test::udpReceiver(500));
+  Recording recording;
+  for (int i = 0; i < 4; ++i)
+    recording.datagrams.push_back(
+        {0.05 * i, kTrafficPort, std::string(kGood).replace(kGood.find("DLH401"), 6, fmt::format("DLH40{}", i))});
+  PlayOptions options;
+  options.trafficPort = net::localPort(traffic.s);
+  options.weatherPort = net::localPort(weather.s);
+  options.shiftTimestamps = false;
+  options.faults.reorderEvery = 2;
+  options.faults.truncateEvery = 2;
+  options.faults.floodPerSecond = 400;
+  std::ostringstream out;
+  Console console(out);
+  std::atomic<bool> stop{false};
+  PlayCounts counts;
+  play(recording, options, console, stop, counts);
+
+  // The recording's own lines by callsign, and the cut one; the flood's lines carry other
+  // hexids or an unreadable time stamp or position.
+  std::vector<std::string> good;
+  std::size_t cut = 0;
+  for (const std::string& d : drain(traffic.s)) {
+    if (!d.starts_with("RTTFC,3951402,")) continue;
+    if (!fieldOf(d, 14))
+      ++cut;
+    else if (isNumber(fieldOf(d, 14)) && isNumber(fieldOf(d, 2)))
+      good.push_back(*fieldOf(d, 9));
+  }
+  EXPECT_EQ(good, (std::vector<std::string>{"DLH400", "DLH402", "DLH401", "DLH403"}))
+      << "the second held back behind the third; the fourth has none to go behind\n" << out.str();
+  EXPECT_EQ(counts.reordered, 1);
+  EXPECT_EQ(counts.truncated, 1);
+  EXPECT_EQ(cut, 1u);
+  EXPECT_GT(counts.flooded, 20) << "about 400 a second for 0.2 s";
+  EXPECT_EQ(counts.trafficMustLog + counts.weatherMustLog + counts.overlongMustLog, counts.flooded + 1);
 }
 
 // How the recorder hears and writes datagrams is in the stand-in's run; here a port it can't have.

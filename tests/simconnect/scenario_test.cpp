@@ -27,6 +27,10 @@ TEST_F(ScenarioTest, BadScenariosNameTheFileAndThePlace) {
   EXPECT_THAT(errorOf("{\n  \"frameRate\": 30,\n  oops\n}"),
               ::testing::AllOf(::testing::StartsWith("scenario 'test.json': not valid JSON:"),
                                ::testing::HasSubstr("line 3")));
+  EXPECT_THAT(errorOf(R"({"frameRate": 1e999})"),
+              ::testing::AllOf(::testing::StartsWith("scenario 'test.json': not valid JSON:"),
+                               ::testing::HasSubstr("number overflow")))
+      << "a number beyond any double is no JSON to read either";
   EXPECT_EQ(errorOf(R"([1, 2])"), "scenario 'test.json': must be a JSON object, not array");
   EXPECT_THAT(errorOf(R"({"frameRat": 30})"),
               ::testing::StartsWith("scenario 'test.json': unknown key 'frameRat' (known: simulator,"));

@@ -1,5 +1,7 @@
 #include "fault_datagrams.h"
 
+#include <fmt/format.h>
+
 #include <array>
 
 namespace orv::standin {
@@ -59,6 +61,56 @@ std::string malformedTraffic(std::string_view goodLine, std::size_t n) {
     return std::string(goodLine.substr(0, cut));
   }
   return replaceField(goodLine, kBrokenFields[kind].index, kBrokenFields[kind].text);
+}
+
+bool malformedTrafficAlwaysLogged(std::size_t n) {
+  const std::size_t kind = n % (kBrokenFields.size() + 2);
+  // Position and time stamp come first in the decoder; a line without commas or cut after its
+  // callsign has no time stamp.
+  return kind >= kBrokenFields.size() || kBrokenFields[kind].index == 2 || kBrokenFields[kind].index == 14;
+}
+
+std::string truncatedDatagram(std::string_view goodLine, bool weather, std::size_t n) {
+  // The cut falls behind the first field that tells datagrams apart (the hexid, the first
+  // member), so that two cut lines of different datagrams differ, and before the part that
+  // would make it readable.
+  const auto nth = [&](char c, int count) {
+    std::size_t at = std::string_view::npos;
+    for (int i = 0; i < count; ++i) {
+      at = goodLine.find(c, at == std::string_view::npos ? 0 : at + 1);
+      if (at == std::string_view::npos) break;
+    }
+    return at;
+  };
+  std::size_t low = weather ? nth(',', 1) : nth(',', 2);
+  std::size_t limit = weather ? goodLine.rfind('}') : nth(',', 14);
+  if (limit == std::string_view::npos) limit = goodLine.size();
+  if (low == std::string_view::npos || low >= limit) low = limit > 1 ? 1 : limit;
+  if (low >= limit) return std::string(goodLine.substr(0, limit));
+  return std::string(goodLine.substr(0, low + (n * 7919) % (limit - low)));
+}
+
+FloodDatagram floodDatagram(std::string_view goodTraffic, std::size_t n) {
+  // Every text carries n, so that no two are equal.
+  switch (n % 8) {
+    case 0: return {fmt::format("garbage {} without any field separators", n)};
+    case 1: return {fmt::format("not JSON {}", n), true};
+    case 2: return {replaceField(goodTraffic, 14, fmt::format("t{}", n))};
+    case 3: {
+      constexpr std::array<std::string_view, 5> kWithoutQnh = {
+          R"({{"QNH":null,"n":{}}})", R"({{"QNH":true,"n":{}}})", R"({{"QNH":"abc","n":{}}})",
+          R"({{"ICAO":"EDDF","n":{}}})", "[1013,{}]"};
+      return {fmt::format(fmt::runtime(kWithoutQnh[(n / 8) % kWithoutQnh.size()]), n), true};
+    }
+    case 4: return {truncatedDatagram(replaceField(goodTraffic, 1, fmt::format("{}", 100000 + n)), false, n)};
+    case 5: return {truncatedDatagram(fmt::format(R"({{"n":{},"ICAO":"EDDF","QNH":1013}})", n), true, n), true};
+    case 6: return {replaceField(goodTraffic, 2, fmt::format("abc{}", n))};
+    default: {
+      // 16384 up to 65384 bytes; UDP carries at most 65507.
+      const std::string line = replaceField(goodTraffic, 1, fmt::format("{}", 100000 + n));
+      return {oversizeDatagram(line, kReaderBufferSize + (n * 7919) % 49001), false, true};
+    }
+  }
 }
 
 std::string malformedWeather(std::size_t n) { return std::string(kBrokenWeather[n % kBrokenWeather.size()]); }

@@ -101,6 +101,12 @@ StandinOptions parseOptions(const std::vector<std::string_view>& arguments) {
       o.playOptions.faults.malformedEvery = countValue(option, r.valueOf(option));
     } else if (option == "--oversize-every") {
       o.playOptions.faults.oversizeEvery = countValue(option, r.valueOf(option));
+    } else if (option == "--truncate-every") {
+      o.playOptions.faults.truncateEvery = countValue(option, r.valueOf(option));
+    } else if (option == "--reorder-every") {
+      o.playOptions.faults.reorderEvery = countValue(option, r.valueOf(option));
+    } else if (option == "--flood") {
+      o.playOptions.faults.floodPerSecond = countValue(option, r.valueOf(option));
     } else if (option == "--duration") {
       o.durationSeconds = secondsValue(option, r.valueOf(option), true);
     } else {
@@ -142,6 +148,9 @@ Faults:
   --repeat-every N      send every N-th datagram twice
   --malformed-every N   send a broken datagram after every N-th
   --oversize-every N    send a 16384-byte datagram after every N-th
+  --truncate-every N    send every N-th datagram again, cut short
+  --reorder-every N     hold every N-th datagram back and send it after the next one
+  --flood N             send N broken datagrams a second besides the recording
 
   --duration S          end after S seconds (default: at Ctrl-C; with --no-link and without
                         --record also when the recording has been played)

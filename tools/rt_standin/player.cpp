@@ -5,9 +5,11 @@
 #include <fmt/format.h>
 
 #include <chrono>
+#include <optional>
 #include <stdexcept>
 
 #include "fault_datagrams.h"
+#include "flood.h"
 #include "platform/net/socket_error.h"
 #include "platform/net/socket_layer.h"
 #include "stop_wait.h"
@@ -44,23 +46,60 @@ bool sendOne(Sender& sender, std::string_view datagram, std::uint16_t port) {
   return true;
 }
 
+// A datagram held back by the reorder fault, sent after the next one.
+struct Held {
+  std::string text;
+  std::uint16_t port = 0;
+};
+
+void sendHeld(Sender& sender, const Held& held, const PlayOptions& options, PlayCounts& counts) {
+  if (sendOne(sender, held.text, held.port)) {
+    ++counts.reordered;
+    ++(held.port == options.trafficPort ? counts.traffic : held.port == options.weatherPort ? counts.weather
+                                                                                          : counts.other);
+  }
+  say(sender.console, fmt::format("fault: a datagram to {} sent after a later one", held.port));
+}
+
+// Counts a broken datagram by what the reader of its port must log of it.
+void countBroken(PlayCounts& counts, bool weather, bool alwaysLogged) {
+  ++(weather ? counts.weatherMustLog : alwaysLogged ? counts.trafficMustLog : counts.trafficMayLog);
+}
+
 void injectFaults(Sender& sender, const FaultOptions& faults, int sequence, const RecordedDatagram& recorded,
                   std::string_view sent, std::uint16_t port, std::size_t& malformedCount) {
+  const bool weather = recorded.port == kWeatherPort;
+  // The decoder drops a vehicle's line before it reads anything, broken or not.
+  const bool vehicle = !weather && sent.find(" VEH") != std::string_view::npos;
   if (faults.repeatEvery > 0 && sequence % faults.repeatEvery == 0) {
     if (sendOne(sender, sent, port)) ++sender.counts.repeated;
     say(sender.console, fmt::format("fault: datagram {} sent twice to {}", sequence, port));
   }
   if (faults.malformedEvery > 0 && sequence % faults.malformedEvery == 0) {
-    const std::string bad = recorded.port == kWeatherPort ? malformedWeather(malformedCount)
-                                                          : malformedTraffic(sent, malformedCount);
+    const std::string bad = weather ? malformedWeather(malformedCount) : malformedTraffic(sent, malformedCount);
+    const bool alwaysLogged = !vehicle && malformedTrafficAlwaysLogged(malformedCount);
     ++malformedCount;
-    if (sendOne(sender, bad, port)) ++sender.counts.malformed;
+    if (sendOne(sender, bad, port)) {
+      ++sender.counts.malformed;
+      countBroken(sender.counts, weather, alwaysLogged);
+    }
     say(sender.console, fmt::format("fault: malformed datagram to {}: {}", port, shortened(bad)));
   }
   if (faults.oversizeEvery > 0 && sequence % faults.oversizeEvery == 0) {
     const std::string big = oversizeDatagram(sent);
-    if (sendOne(sender, big, port)) ++sender.counts.oversize;
+    if (sendOne(sender, big, port)) {
+      ++sender.counts.oversize;
+      ++sender.counts.overlongMustLog;
+    }
     say(sender.console, fmt::format("fault: {}-byte datagram to {}", big.size(), port));
+  }
+  if (faults.truncateEvery > 0 && sequence % faults.truncateEvery == 0) {
+    const std::string cut = truncatedDatagram(sent, weather, static_cast<std::size_t>(sequence));
+    if (!cut.empty() && sendOne(sender, cut, port)) {
+      ++sender.counts.truncated;
+      countBroken(sender.counts, weather, !vehicle);
+    }
+    say(sender.console, fmt::format("fault: datagram {} cut to {} bytes to {}", sequence, cut.size(), port));
   }
 }
 
@@ -86,8 +125,11 @@ void play(const Recording& recording, const PlayOptions& options, Console& conso
                            recording.datagrams.size(), length / speed, options.trafficPort, options.weatherPort, speed,
                            options.loop ? ", looping" : ""));
 
+  Flood flood(options.faults.floodPerSecond, options, counts);
+  std::optional<Held> held;
   const auto start = std::chrono::steady_clock::now();
   int sequence = 0;
+  int recordedCount = 0;
   std::size_t malformedCount = 0;
   for (int round = 0; !stop.load() && !recording.datagrams.empty(); ++round) {
     for (const auto& recorded : recording.datagrams) {
@@ -97,10 +139,19 @@ void play(const Recording& recording, const PlayOptions& options, Console& conso
       const std::string text = epoch && recorded.port == kTrafficPort
                                    ? shiftTimestamp(recorded.text, shiftFor(*epoch, recorded.seconds, unixNow()))
                                    : recorded.text;
+      const int reorderEvery = options.faults.reorderEvery;
+      // The last of a round has no next one to go behind.
+      if (reorderEvery > 0 && ++recordedCount % reorderEvery == 0 && !held && &recorded != &recording.datagrams.back()) {
+        held = Held{text, port};
+        continue;
+      }
       if (!sendOne(sender, text, port)) continue;
       ++sequence;
       ++(recorded.port == kTrafficPort ? counts.traffic : recorded.port == kWeatherPort ? counts.weather : counts.other);
+      if (recorded.port == kTrafficPort) flood.offer(text);
       injectFaults(sender, options.faults, sequence, recorded, text, port, malformedCount);
+      if (held) sendHeld(sender, *held, options, counts);
+      held.reset();
     }
     if (!options.loop) break;
   }

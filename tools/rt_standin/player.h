@@ -14,6 +14,9 @@ struct FaultOptions {
   int repeatEvery = 0;     // the same datagram again at once
   int malformedEvery = 0;  // a broken line to the same port
   int oversizeEvery = 0;   // a 16384-byte datagram to the same port
+  int truncateEvery = 0;   // the datagram again, cut short, to the same port
+  int reorderEvery = 0;    // the datagram held back and sent after the next one
+  int floodPerSecond = 0;  // broken datagrams a second besides the recording, on both ports
 };
 
 struct PlayOptions {
@@ -33,7 +36,17 @@ struct PlayCounts {
   std::atomic<int> repeated{0};
   std::atomic<int> malformed{0};
   std::atomic<int> oversize{0};
+  std::atomic<int> truncated{0};
+  std::atomic<int> reordered{0};
+  std::atomic<int> flooded{0};
   std::atomic<int> failed{0};
+  // What Orvane must log of the broken datagrams sent, as its reader of each port says: traffic
+  // lines that fail whatever else they hold, traffic lines that may instead meet a filter that
+  // drops them without a word, weather lines, and datagrams too long for the receive buffer.
+  std::atomic<int> trafficMustLog{0};
+  std::atomic<int> trafficMayLog{0};
+  std::atomic<int> weatherMustLog{0};
+  std::atomic<int> overlongMustLog{0};
 };
 
 // Where a datagram recorded on a standard port goes now; other ports stay as they are.

@@ -70,9 +70,11 @@ int runStandin(const StandinOptions& options, Console& console, std::atomic<bool
                              linkCounts.positions.load(), linkCounts.simTimes.load(), linkCounts.exits.load(),
                              linkCounts.drops.load()));
   if (!options.playFile.empty())
-    say(console, fmt::format("feed: {} traffic, {} weather, {} repeated, {} malformed, {} oversize, {} failed sends",
+    say(console, fmt::format("feed: {} traffic, {} weather, {} repeated, {} malformed, {} oversize, {} truncated, "
+                             "{} reordered, {} flooded, {} failed sends",
                              playCounts.traffic.load(), playCounts.weather.load(), playCounts.repeated.load(),
-                             playCounts.malformed.load(), playCounts.oversize.load(), playCounts.failed.load()));
+                             playCounts.malformed.load(), playCounts.oversize.load(), playCounts.truncated.load(),
+                             playCounts.reordered.load(), playCounts.flooded.load(), playCounts.failed.load()));
   if (!options.recordFile.empty())
     say(console, fmt::format("recording: {} datagrams written to {}", recordCounts.datagrams.load(), options.recordFile.string()));
   return failed.load() ? 1 : 0;
