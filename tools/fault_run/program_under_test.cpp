@@ -39,6 +39,11 @@ ProgramUnderTest::ProgramUnderTest() : previousFolder_(fs::current_path()) {
   const std::string dbase = readText(kSourceFolder / "tests" / "data" / "dbase" / "eddf_dbase.xml");
   if (dbase.empty()) throw std::runtime_error("tests/data/dbase/eddf_dbase.xml is missing");
   std::ofstream(folder_ / "input" / "dbase.enc", std::ios::binary) << gf_encryptBytes(gf_dataKey(), dbase);
+  // The user's liveries, as a scan would have left them.
+  const std::string liveries = readText(kSourceFolder / "tests" / "data" / "liveries" / "eddf_liveries.xml");
+  if (liveries.empty()) throw std::runtime_error("tests/data/liveries/eddf_liveries.xml is missing");
+  fs::create_directories(folder_ / "output");
+  std::ofstream(folder_ / "output" / "LiveriesScanned.xml", std::ios::binary) << liveries;
   if (const char* v = std::getenv("ORVANE_APPDATA")) {
     previousAppData_ = v;
     hadAppData_ = true;
