@@ -12,6 +12,7 @@
 #include "foundation/parameters.h"
 #include "foundation/sim_choice.h"
 #include "refdata/code_tables.h"
+#include "refdata/valid_codes.h"
 #include "test_support.h"
 
 namespace orv {
@@ -83,6 +84,7 @@ TEST(LiveTables, EraseByMovingTheLastAndStableCompaction) {
 }
 
 TEST(LiveTables, TheEngineTakesTwoMessagesATickIntoBufferRecords) {
+  for (const char* model : {"B77W", "A320", "A321"}) validModels.insert(model);
   gTrafficQueue.setEnabled(true);
   gTrafficQueue.post(message(30001, "BAW1", "B77W", 100));
   gTrafficQueue.post(message(30002, "AFR2", "A320", 100));
@@ -105,6 +107,7 @@ TEST(LiveTables, TheEngineTakesTwoMessagesATickIntoBufferRecords) {
   gTrafficQueue.post(message(30004, "AFR2", "A321", 120));
   lf_handleAddingStack();
   EXPECT_EQ(gLiveAc[2].stream.size(), 1u) << "an aircraft on its way out takes no samples";
+  lf_clearValidCodes();
 }
 
 TEST(LiveTables, ObjectIdListShowsActiveAircraftInTableOrder) {
