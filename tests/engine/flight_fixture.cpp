@@ -9,6 +9,7 @@
 #include "engine/sim_notice_queue.h"
 #include "engine/traffic_intake.h"
 #include "engine/user_snapshot.h"
+#include "liveries/livery_indexes.h"
 #include "liveries/match_memory.h"
 #include "refdata/code_tables.h"
 #include "refdata/model_categories.h"
@@ -67,7 +68,7 @@ void EngineFlight::TearDown() {
   gf_bindSim(nullptr);
   lf_clearValidCodes();
   lf_clearModelCategories();
-  lf_clearLiveryCache();
+  gf_resetLiveryIndexes();
   lf_clearNoMatch();
   gf_resetCodeTables();
   gUserSnapshot = UserBlock{};

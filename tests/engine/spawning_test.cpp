@@ -98,14 +98,16 @@ TEST_F(EngineFlight, AStreamOfMoreThanTwoHundredSamplesIsRemovedAsFallenBehind) 
 
 TEST_F(EngineFlight, ALiveryChangeRespawnsTheAircraftAtItsPresentPosition) {
   static const CatalogueTitle kNewTitle{"Airbus A320 Eurowings D-ABCD", false, "D-ABCD"};
+  // The catalogue stands for the whole run: the respawn matches the new registration in it.
   regcodeToTitle.emplace("D-ABCD", &kNewTitle);
   const auto reports = straightReports(50.0, 8.0, 5000, 250, 0, 5, 30);
   fly(80050, "EWG12", "A320", reports, 4000);
   const LiveAc* ac = record(80050);
   ASSERT_EQ(ac->simState, kActive);
   const double lat = ac->lat, lon = ac->lon;
-  deliver(80050, "EWG12", "A320", {38, reports[7].lat, 8.0, 5000, 250, 0, 0, std::nullopt}, "D-ABCD");
-  regcodeToTitle.erase("D-ABCD");
+  // The next report of the track, 5 s after the last: one sooner would lie within 450 m of a
+  // straight flight and never reach the identity update.
+  deliver(80050, "EWG12", "A320", reports[8], "D-ABCD");
   ac = record(80050);
   EXPECT_EQ(ac->simState, kLiveryRespawn);
   EXPECT_NE(log.text().find("respawns"), std::string::npos);
