@@ -4,6 +4,7 @@
 #include <string>
 
 #include "engine/ac_text.h"
+#include "engine/aircraft_removal.h"
 #include "engine/engine_hooks.h"
 #include "engine/engine_tables.h"
 #include "engine/engine_tick.h"
@@ -145,11 +146,7 @@ void liveryRespawn(LiveAc& ac) {
   ac.stream.push_front(copy);
   ac.simState = kLiveryRespawn;
   ac.respawnHeading.set(ac.heading);
-  gv_stopFollowing(ac.objectid);
-  if (ac.objectid == 0)
-    gf_logError("{} removing act {} with objectid=0 ?", "liveryRespawn", ac.cs);
-  else
-    gRemoveQueue.push_back(ac.objectid);
+  gf_queueObjectRemoval(ac, "{} removing act {} with objectid=0 ?", "liveryRespawn");
 }
 
 }  // namespace orv

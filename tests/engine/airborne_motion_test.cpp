@@ -3,6 +3,7 @@
 // descends.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "engine/air_leg.h"
@@ -15,6 +16,16 @@ namespace orv::test {
 namespace {
 
 constexpr double kDeg = 1.0 / 57.29577951308232;
+
+// The largest change of one attitude value from one tick to the next.
+struct LargestStep {
+  double largest = 0, last = 0;
+  bool first = true;
+  void see(double value) {
+    if (!first) largest = std::max(largest, std::fabs(value - last));
+    last = value, first = false;
+  }
+};
 
 TEST_F(EngineFlight, AStraightCruiseLiesOnTheReportedTrackThirtySecondsBehind) {
   const auto reports = straightReports(50.0, 8.0, 35000, 450, 70, 5, 40);
@@ -71,15 +82,12 @@ TEST_F(EngineFlight, BankFollowsTheReportedRollOrTheClassStepLimit) {
   fly(70003, "DLH402", "A320", reports, 9000);
   EXPECT_NEAR(record(70003)->bank, 25 * kDeg, 1.5 * kDeg) << "the reported roll, reached by each sample";
 
-  double largestStep = 0, lastBank = 0;
-  bool first = true;
+  LargestStep bankStep;
   fly(70004, "DLH403", "A320", noRoll, 18000, [&] {
     const LiveAc* ac = record(70004);
-    if (ac == nullptr || ac->simState != kActive) return;
-    if (!first) largestStep = std::max(largestStep, std::fabs(ac->bank - lastBank));
-    lastBank = ac->bank, first = false;
+    if (ac != nullptr && ac->simState == kActive) bankStep.see(ac->bank);
   });
-  EXPECT_LE(largestStep, 0.02 * kDeg + 1e-12) << "a Large aircraft banks at most 0.02 degrees a tick";
+  EXPECT_LE(bankStep.largest, 0.02 * kDeg + 1e-12) << "a Large aircraft banks at most 0.02 degrees a tick";
   EXPECT_GT(std::fabs(record(70004)->bank), 1 * kDeg) << "it does bank into the turn";
 }
 
@@ -121,15 +129,12 @@ TEST_F(EngineFlight, AHeavyPitchesAtMostHalfAHundredthOfADegreeATick) {
   // A Heavy levels off from a 2400 ft/min climb: 10 degrees of pitch to lose.
   auto reports = straightReports(50.0, 8.0, 20000, 300, 0, 5, 12, 2400);
   for (std::size_t i = 4; i < reports.size(); ++i) reports[i].vs = -3000;
-  double largest = 0, last = 0;
-  bool first = true;
+  LargestStep pitchStep;
   fly(70006, "BAW1", "B744", reports, 9000, [&] {
     const LiveAc* ac = record(70006);
-    if (ac == nullptr || ac->simState != kActive) return;
-    if (!first) largest = std::max(largest, std::fabs(ac->pitch - last));
-    last = ac->pitch, first = false;
+    if (ac != nullptr && ac->simState == kActive) pitchStep.see(ac->pitch);
   });
-  EXPECT_NEAR(largest, 0.005 * kDeg, 1e-9) << "the class 3 pitch step, whatever the legs";
+  EXPECT_NEAR(pitchStep.largest, 0.005 * kDeg, 1e-9) << "the class 3 pitch step, whatever the legs";
 }
 
 TEST(AirborneMotion, PositionsFoldAtTheAntimeridianAndOverThePoles) {
