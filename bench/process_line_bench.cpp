@@ -4,36 +4,16 @@
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "allocation_count.h"
 #include "engine/traffic_queue.h"
 #include "engine/engine_tables.h"
 #include "feed/traffic_decoder.h"
 #include "foundation/log.h"
 #include "foundation/parameters.h"
-
-namespace {
-
-std::atomic<std::uint64_t> gAllocations{0};
-
-}  // namespace
-
-// GCC pairs the replaced new with the library's delete and warns; both are replaced here.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-void* operator new(std::size_t n) {
-  gAllocations.fetch_add(1, std::memory_order_relaxed);
-  if (void* p = std::malloc(n ? n : 1)) return p;
-  throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
-#pragma GCC diagnostic pop
 
 namespace {
 
@@ -85,7 +65,7 @@ struct Setup {
 void run(benchmark::State& state, const std::vector<std::string>& lines) {
   static Setup setup;
   std::size_t i = 0;
-  const std::uint64_t allocationsBefore = gAllocations.load();
+  const std::uint64_t allocationsBefore = orv::bench::allocationCount();
   for (auto _ : state) {
     setup.decoder.processLine(lines[i]);
     if (++i == lines.size()) {
@@ -95,7 +75,7 @@ void run(benchmark::State& state, const std::vector<std::string>& lines) {
   }
   state.SetItemsProcessed(state.iterations());
   state.counters["allocs/line"] =
-      static_cast<double>(gAllocations.load() - allocationsBefore) / static_cast<double>(state.iterations());
+      static_cast<double>(orv::bench::allocationCount() - allocationsBefore) / static_cast<double>(state.iterations());
 }
 
 void BM_ProcessLineDroppedByRange(benchmark::State& state) {

@@ -339,9 +339,9 @@ SIMCONNECTAPI SimConnect_RequestDataOnSimObjectType(HANDLE hSimConnect, SIMCONNE
     const double metres = 2 * 6371008.8 * std::asin(std::min(1.0, std::sqrt(h)));
     if (metres <= radius) found.push_back(&o);
   }
-  const SimContext context = simContext(c.w);
   const auto outOf = static_cast<DWORD>(found.size());
   for (DWORD i = 0; i < outOf; ++i) {
+    const SimContext context = simContext(c.w, found[i]->state);
     std::vector<std::uint8_t> block;
     for (const auto& d : def->second.datums) appendDatum(block, d, found[i]->state, context);
     post(*c.session, makeObjectData(recordVersion(c.w), true, RequestID, found[i]->state.objectId, DefineID, 0, i + 1,

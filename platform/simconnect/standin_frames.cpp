@@ -40,7 +40,7 @@ SIMCONNECT_DATA_INITPOSITION initPosition(const World& w, const Placement& p, st
   if (p.altitudeFt && !p.onGround.value_or(false)) {
     pos.Altitude = *p.altitudeFt;
   } else {
-    pos.Altitude = w.terrainFt + modelStatics(w.scenario, model).cgFt;
+    pos.Altitude = terrainAt(w, pos.Latitude, pos.Longitude) + modelStatics(w.scenario, model).cgFt;
   }
   return pos;
 }

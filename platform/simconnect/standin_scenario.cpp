@@ -442,7 +442,7 @@ Scenario parseScenario(std::string_view text, std::string_view origin) {
   r.requireObject(j, "");
   r.checkKeys(j, "",
               {"simulator", "applicationName", "applicationVersion", "simConnectVersion", "frameRate", "zuluStart",
-               "terrainElevationFt", "user", "firstObjectId", "maxAiObjects", "createDelayFrames",
+               "terrainElevationFt", "airportTerrainRadiusNm", "user", "firstObjectId", "maxAiObjects", "createDelayFrames",
                "objectAddedDelayFrames", "removeDelayFrames", "simEventOnSubscribe", "inFlight", "paused",
                "acceptAnyTitle", "titles", "installedTitlesFile", "models", "airports", "events"});
   Scenario s = defaultScenario();
@@ -465,6 +465,7 @@ Scenario parseScenario(std::string_view text, std::string_view origin) {
   std::string zulu;
   if (r.text(j, "", "zuluStart", zulu)) s.zuluStart = parseZulu(r, "zuluStart", zulu);
   r.number(j, "", "terrainElevationFt", s.terrainElevationFt);
+  r.number(j, "", "airportTerrainRadiusNm", s.airportTerrainRadiusNm);
   if (auto it = j.find("user"); it != j.end()) readUser(r, *it, s.user);
   if (!r.integer(j, "", "firstObjectId", s.firstObjectId, 1, 0xFFFFFFF0LL)) {
     s.firstObjectId = std::max<DWORD>(s.firstObjectId, s.user.objectId + 1);

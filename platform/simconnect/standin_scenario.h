@@ -99,7 +99,8 @@ struct Scenario {
   std::array<DWORD, 4> simConnectVersion{};
   double frameRate = 30;
   std::int64_t zuluStart = 1717243200;  // seconds since 1970: 2024-06-01 12:00:00 UTC
-  double terrainElevationFt = 0;
+  double terrainElevationFt = 0;  // the ground away from the airports
+  double airportTerrainRadiusNm = 10;  // the ground within this of an airport lies at its elevation
   UserAircraft user;
   DWORD firstObjectId = 3;
   std::size_t maxAiObjects = 1000;

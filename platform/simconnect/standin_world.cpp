@@ -73,6 +73,29 @@ SimContext simContext(const World& w) {
   return SimContext{w.terrainFt, static_cast<double>(w.scenario.zuluStart) + simTime(w)};
 }
 
+double terrainAt(const World& w, double latitude, double longitude) {
+  double best = w.scenario.airportTerrainRadiusNm;
+  double elevation = w.terrainFt;
+  for (const AirportEntry& a : w.scenario.airports) {
+    const double la1 = latitude * 0.017453292519943295, la2 = a.latitude * 0.017453292519943295;
+    const double dla = la2 - la1, dlo = (a.longitude - longitude) * 0.017453292519943295;
+    const double h = std::sin(dla / 2) * std::sin(dla / 2) +
+                     std::cos(la1) * std::cos(la2) * std::sin(dlo / 2) * std::sin(dlo / 2);
+    const double nm = 2 * 3440.065 * std::asin(std::min(1.0, std::sqrt(h)));
+    if (nm <= best) {
+      best = nm;
+      elevation = a.altitudeM / 0.3048;
+    }
+  }
+  return elevation;
+}
+
+SimContext simContext(const World& w, const ObjectState& object) {
+  SimContext c = simContext(w);
+  c.terrainFt = terrainAt(w, object.latitude, object.longitude);
+  return c;
+}
+
 DWORD recordVersion(const World& w) { return w.scenario.simConnectVersion[0]; }
 
 void buildWorld(World& w) {
@@ -103,7 +126,7 @@ void buildWorld(World& w) {
   u.staticPitchRad = statics.pitchDeg * kRadiansPerDegree;
   u.latitude = s.user.latitude;
   u.longitude = s.user.longitude;
-  u.altitudeFt = s.user.onGround ? w.terrainFt + u.staticCgFt : s.user.altitudeFt;
+  u.altitudeFt = s.user.onGround ? terrainAt(w, s.user.latitude, s.user.longitude) + u.staticCgFt : s.user.altitudeFt;
   u.headingRad = s.user.headingDeg * kRadiansPerDegree;
   u.pitchRad = s.user.pitchDeg * kRadiansPerDegree;
   u.bankRad = s.user.bankDeg * kRadiansPerDegree;
@@ -122,8 +145,8 @@ SimObject* findObject(World& w, DWORD objectId) {
 
 ObjectState snapshot(const World& w, const SimObject& object) {
   ObjectState s = object.state;
-  s.groundElevationFt = w.terrainFt;
-  s.onGround = isOnGround(s, w.terrainFt);
+  s.groundElevationFt = terrainAt(w, s.latitude, s.longitude);
+  s.onGround = isOnGround(s, s.groundElevationFt);
   return s;
 }
 
@@ -142,7 +165,7 @@ DWORD addObject(World& w, std::string_view title, std::string_view atcId, std::s
   s.helicopter = statics.helicopter;
   s.latitude = p.Latitude;
   s.longitude = p.Longitude;
-  s.altitudeFt = p.OnGround != 0 ? w.terrainFt + s.staticCgFt : p.Altitude;
+  s.altitudeFt = p.OnGround != 0 ? terrainAt(w, s.latitude, s.longitude) + s.staticCgFt : p.Altitude;
   s.pitchRad = p.Pitch * kRadiansPerDegree;
   s.bankRad = p.Bank * kRadiansPerDegree;
   s.headingRad = p.Heading * kRadiansPerDegree;
@@ -174,7 +197,7 @@ void place(World& w, ObjectState& o, const Placement& p) {
     o.trueAirspeedKt = *p.groundSpeedKt;
   }
   if (p.altitudeFt) o.altitudeFt = *p.altitudeFt;
-  if (p.onGround.value_or(false)) o.altitudeFt = w.terrainFt + o.staticCgFt;
+  if (p.onGround.value_or(false)) o.altitudeFt = terrainAt(w, o.latitude, o.longitude) + o.staticCgFt;
 }
 
 void applyClientEvent(SimObject& object, const std::string& e, DWORD data) {
@@ -266,7 +289,7 @@ void sendObjectData(World& w, Session& session, DWORD requestId, DWORD defineId,
   const auto def = session.definitions.find(defineId);
   if (def == session.definitions.end()) return;
   std::vector<std::uint8_t> block;
-  const SimContext context = simContext(w);
+  const SimContext context = simContext(w, object.state);
   for (const auto& d : def->second.datums) appendDatum(block, d, object.state, context);
   post(session, makeObjectData(recordVersion(w), false, requestId, object.state.objectId, defineId, flags, 1, 1,
                                static_cast<DWORD>(def->second.datums.size()), block));

@@ -125,6 +125,11 @@ void buildWorld(World& w);  // frame 0, the scenario's user aircraft, no session
 void stepFrame(World& w);
 double simTime(const World& w);
 SimContext simContext(const World& w);
+// The ground under a position: flat at the elevation of the nearest airport of the scenario
+// within its terrain radius, the scenario's base elevation (sea level unless set) elsewhere.
+double terrainAt(const World& w, double latitude, double longitude);
+// The context of one object's data: the terrain under it.
+SimContext simContext(const World& w, const ObjectState& object);
 DWORD recordVersion(const World& w);
 void quit(World& w, bool sendQuit);
 void loseAllSessions(World& w);

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "foundation/log.h"
+
 namespace orv {
 
 std::string gf_acText(const AcIdent& ident) {
@@ -15,6 +17,11 @@ std::string gf_acText(const AcIdent& ident) {
 
 std::string gf_acShortText(const AcIdent& ident) {
   return fmt::format("{:8} {} {}", ident.cs, ident.reg, gf_acCodeText(ident.code));
+}
+
+void gf_logAcFault(std::string_view label, std::string_view what, const LiveAc& ac) {
+  gf_logError("{}: {} {}, sz:{}, fs:{}, st:{}", label, what, gf_acText(ac), ac.stream.size(),
+              gf_flightStateName(ac.flightState), gf_simStateName(ac.simState));
 }
 
 }  // namespace orv

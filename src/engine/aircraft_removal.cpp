@@ -35,9 +35,14 @@ void removeAircraftFromSim(AcRecord& ac) {
   }
   if (ac.hexid > 10000) lf_clearLiveAtStand(ac.sid);
   ac.simState = kRemovingFromSim;
+  gf_queueObjectRemoval(ac, "{} removing act {}, with objectid=0 ?", "removeAircraftFromSim");
+}
+
+void gf_queueObjectRemoval(AcRecord& ac, fmt::format_string<std::string_view, const std::string&> noObject,
+                           std::string_view label) {
   gv_stopFollowing(ac.objectid);
   if (ac.objectid == 0)
-    gf_logError("{} removing act {}, with objectid=0 ?", "removeAircraftFromSim", ac.cs);
+    gf_logError(std::string_view(fmt::vformat(noObject, fmt::make_format_args(label, ac.cs))));
   else
     gRemoveQueue.push_back(ac.objectid);
 }

@@ -5,6 +5,10 @@
 #include "foundation/hook.h"
 
 namespace orv {
+struct LiveAc;
+}
+
+namespace orv {
 
 // The position message of the feed link, every 20 ticks.
 inline constinit Hook<> gv_feedPositionStep;
@@ -12,5 +16,12 @@ inline constinit Hook<> gv_feedPositionStep;
 inline constinit Hook<> gv_placeNextStatic;
 // The object that the window follows is gone.
 inline constinit Hook<std::uint32_t> gv_stopFollowing;
+// Learning of stand use, when a live aircraft is spawned at a stand or changes its identity
+// there: the cargo mark of the stand, and the stand option of the aircraft (1: it arrived
+// now, 0: told again).
+inline constinit Hook<LiveAc&> gv_learnStandCargo;
+inline constinit Hook<std::int32_t, LiveAc&, int> gv_addRealStandOption;
+// Max park is checked again: one more live aircraft stands at the park airport.
+inline constinit Hook<int> gv_maxParkCheck;
 
 }  // namespace orv

@@ -12,6 +12,7 @@
 #include "engine/sim_notice_queue.h"
 #include "engine/sim_notices.h"
 #include "engine/sim_port.h"
+#include "engine/position_stream.h"
 #include "engine/spawning.h"
 #include "engine/traffic_intake.h"
 #include "foundation/log.h"
@@ -98,8 +99,7 @@ bool updateLiveAc(LiveAc& ac) {
     else if (ac.simState == kActive)
       lf_updateActive(ac);
   } catch (const std::exception& e) {
-    gf_logError("{}: {} {}, sz:{}, fs:{}, st:{}", "updateLiveAc", e.what(), gf_acText(ac), ac.stream.size(),
-                gf_flightStateName(ac.flightState), gf_simStateName(ac.simState));
+    gf_logAcFault("updateLiveAc", e.what(), ac);
   }
   return ac.erase || ac.cancelled;
 }

@@ -181,7 +181,8 @@ void lf_handleNotices(const std::vector<SimNotice>& notices) {
         lf_onObjectRemoved(n.objectid);
         break;
       case kGroundData:
-        // Used by the landing; it comes with that step.
+        if (const int i = gf_findLiveAcByObject(n.objectid); i >= 0)
+          lf_onGroundData(gLiveAc[static_cast<std::size_t>(i)], n.id != 0, n.a, n.b);
         break;
       case kStaticData:
         if (const int i = gf_findLiveAcByObject(n.objectid); i >= 0)

@@ -2,7 +2,10 @@
 // Stand contention: live aircraft compete for stands with the user, with each other and with
 // static aircraft.
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
+#include "engine/geodesy.h"
 #include "engine/live_aircraft.h"
 
 namespace orv {
@@ -28,5 +31,20 @@ void lf_clearLiveAtStand(std::int32_t sid);
 // A live aircraft parks at its stand: the static list entry and a static aircraft on that
 // stand give way.
 void lf_onLiveParksAtStand(LiveAc& ac);
+
+// The stand an aircraft that is spawned on the ground takes: its number in the stand table,
+// position, heading in radians and cargo mark.
+struct SpawnStand {
+  std::int32_t sid = 0;
+  double lat = 0, lon = 0, heading = 0;
+  std::uint8_t cargo = 0;
+};
+std::optional<SpawnStand> lf_standAtSpawn(LiveAc& ac);
+// A plain callsign reaches the simulator: the ghost of it (callsign with a trailing `_`) goes.
+void lf_removeGhostOf(std::string_view cs);
+// True when the plain callsign that this ghost stands for is live.
+bool lf_hasGhostOwner(std::string_view cs);
+// True when an aircraft at `pos` lies inside the wide envelope around the user in the air.
+bool lf_insideUserAirEnvelope(const LiveAc& ac, LatLon pos);
 
 }  // namespace orv

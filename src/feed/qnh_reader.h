@@ -4,15 +4,12 @@
 #include <atomic>
 #include <cstdint>
 
+#include "engine/qnh.h"
 #include "feed/udp_reader.h"
 
 namespace orv {
 
 inline constexpr std::uint16_t kQnhPort = 49004;
-inline constexpr std::int32_t kStandardQnh = 1013;
-
-// The present QNH in hectopascal, read by the engine; the decoding and the window get the same.
-inline std::atomic<std::int32_t> gv_qnh{kStandardQnh};
 
 class QnhReader final : public UdpReader {
  public:

@@ -12,6 +12,7 @@
 #include "foundation/parameters.h"
 #include "foundation/sim_choice.h"
 #include "refdata/code_tables.h"
+#include "refdata/valid_codes.h"
 #include "test_support.h"
 
 namespace orv {
@@ -25,6 +26,9 @@ TrafficMsg message(std::uint32_t hexid, std::string cs, std::string_view model =
   m.timestamp = timestamp;
   m.sample.lat = 50;
   m.sample.lon = 8;
+  // Due 30 s after it is taken, as the feed stamps it; a sample due at once would let the
+  // buffer drop a record with a single report before its second one arrives.
+  m.sample.tick = gv_tick + 3000;
   return m;
 }
 
@@ -83,10 +87,12 @@ TEST(LiveTables, EraseByMovingTheLastAndStableCompaction) {
 }
 
 TEST(LiveTables, TheEngineTakesTwoMessagesATickIntoBufferRecords) {
+  for (const char* model : {"B77W", "A320", "A321"}) validModels.insert(model);
   gTrafficQueue.setEnabled(true);
   gTrafficQueue.post(message(30001, "BAW1", "B77W", 100));
   gTrafficQueue.post(message(30002, "AFR2", "A320", 100));
-  gTrafficQueue.post(message(30001, "BAW1", "B77W", 105));
+  // 16 s later: a standing aircraft on the ground is wanted again only after 15 s.
+  gTrafficQueue.post(message(30001, "BAW1", "B77W", 116));
   gTrafficQueue.post(message(30003, "AFR2", "A320", 106));  // the same aircraft under another address
   gTrafficQueue.post(message(30004, "AFR2", "A321", 106));
   lf_handleAddingStack();
@@ -97,7 +103,7 @@ TEST(LiveTables, TheEngineTakesTwoMessagesATickIntoBufferRecords) {
   lf_handleAddingStack();
   EXPECT_EQ(gLiveAc.size(), 2u);
   EXPECT_EQ(gLiveAc[0].stream.size(), 2u) << "a known hexid gains a sample";
-  EXPECT_DOUBLE_EQ(gLiveAc[0].lastTimestamp, 105);
+  EXPECT_DOUBLE_EQ(gLiveAc[0].lastTimestamp, 116);
   lf_handleAddingStack();
   ASSERT_EQ(gLiveAc.size(), 3u);
   EXPECT_EQ(gLiveAc[2].hexid, 30004u);
@@ -105,6 +111,7 @@ TEST(LiveTables, TheEngineTakesTwoMessagesATickIntoBufferRecords) {
   gTrafficQueue.post(message(30004, "AFR2", "A321", 120));
   lf_handleAddingStack();
   EXPECT_EQ(gLiveAc[2].stream.size(), 1u) << "an aircraft on its way out takes no samples";
+  lf_clearValidCodes();
 }
 
 TEST(LiveTables, ObjectIdListShowsActiveAircraftInTableOrder) {

@@ -78,11 +78,13 @@ TEST_F(LifeCycle, ACreatedObjectSettlesThenShowsTheLightsOfItsSituation) {
   EXPECT_EQ(gLiveAc[0].simState, kActive);
   seen = events();
   // Engines, spoilers off, then NAV, BEACON, LANDING, TAXI, STROBES, LOGO, CABIN: in the air
-  // at 5000 ft; no lever is touched in the air.
+  // at 5000 ft; the activation touches no lever in the air. The first leg, planned in the same
+  // step below 10000 ft, lights all seven, and 4200 ft above ground raises gear and flaps.
   std::vector<std::pair<std::uint32_t, std::uint32_t>> got;
   for (const EventOut& e : seen) got.emplace_back(e.eventId, e.value);
   EXPECT_EQ(got, (std::vector<std::pair<std::uint32_t, std::uint32_t>>{
-                     {220, 0}, {218, 0}, {207, 1}, {206, 1}, {210, 1}, {208, 0}, {209, 1}, {212, 1}, {211, 1}}));
+                     {220, 0}, {218, 0}, {207, 1}, {206, 1}, {210, 1}, {208, 0}, {209, 1}, {212, 1}, {211, 1},
+                     {207, 1}, {206, 1}, {210, 1}, {208, 1}, {209, 1}, {212, 1}, {211, 1}, {219, 0}, {217, 0}}));
   steps(1);
   std::vector<PositionOut> sent;
   gPositionOut.take(sent);

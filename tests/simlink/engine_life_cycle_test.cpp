@@ -74,10 +74,13 @@ TEST_F(EngineLifeCycle, CreatedSettledLitMovedAndRemoved) {
   for (const auto& e : standin::eventsFor(id))
     if (e.event.find("LIGHTS") != std::string::npos || e.event == "STROBES_SET" || e.event == "ENGINE_AUTO_START")
       lights.push_back(fmt::format("{} {}", e.event, e.data));
+  // The lights of its situation in the air, then those of its first leg below 10000 ft: all seven.
   EXPECT_EQ(lights, (std::vector<std::string>{"ALL_LIGHTS_TOGGLE 0", "ALL_LIGHTS_TOGGLE 0", "ENGINE_AUTO_START 0",
                                               "NAV_LIGHTS_SET 1", "BEACON_LIGHTS_SET 1", "LANDING_LIGHTS_SET 1",
                                               "TAXI_LIGHTS_SET 0", "STROBES_SET 1", "LOGO_LIGHTS_SET 1",
-                                              "CABIN_LIGHTS_SET 1"}));
+                                              "CABIN_LIGHTS_SET 1", "NAV_LIGHTS_SET 1", "BEACON_LIGHTS_SET 1",
+                                              "LANDING_LIGHTS_SET 1", "TAXI_LIGHTS_SET 1", "STROBES_SET 1",
+                                              "LOGO_LIGHTS_SET 1", "CABIN_LIGHTS_SET 1"}));
   const auto writes = standin::object(id)->positionWrites;
   ticks(10);
   EXPECT_EQ(standin::object(id)->positionWrites, writes + 10) << "a position every frame";
