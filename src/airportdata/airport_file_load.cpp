@@ -38,7 +38,7 @@ ArchivedParameters readArchivedParameters(pugi::xml_node parameters, ApfAirport&
   const auto altitude = gf_intParameter(parameters, "altitude");
   if (!altitude)
     throw UserErrorException(user_error::kParameterNotFound, user_error::kParameterNotFoundText, "altitude");
-  airport.altitude = static_cast<std::uint32_t>(*altitude);
+  airport.altitude = *altitude;
   airport.airportName = gf_stringParameter(parameters, "airport_name").value_or("");
   return read;
 }

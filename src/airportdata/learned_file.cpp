@@ -26,7 +26,8 @@ constexpr VersionData kFirstFittingVersion{11, 10, 0};
 
 void warn(const std::string& text) { setMessage(text, true); }
 
-void addManualStand(pugi::xml_node parkpos, std::string id, const std::string& file, std::vector<Stand>& stands) {
+void addManualStand(pugi::xml_node parkpos, std::string id, const std::string& file, bool clearFlights,
+                    std::vector<Stand>& stands) {
   const double latitude = parkpos.attribute("latitude").as_double(0.0);
   const double longitude = parkpos.attribute("longitude").as_double(0.0);
   const double radius = parkpos.attribute("radius").as_double(0.0);
@@ -36,6 +37,7 @@ void addManualStand(pugi::xml_node parkpos, std::string id, const std::string& f
   }
   Stand stand = readParkpos(parkpos, std::move(id), false);
   stand.manual = true;
+  if (clearFlights) stand.opts.clear();
   stands.push_back(std::move(stand));
 }
 
@@ -54,7 +56,7 @@ void mergeStands(const pugi::xml_document& doc, const std::string& file, bool cl
     } else if (existing != stands.end()) {
       warn(fmt::format("manually created standid {} already exists in {}", id, file));
     } else {
-      addManualStand(parkpos, std::move(id), file, stands);
+      addManualStand(parkpos, std::move(id), file, clearFlights, stands);
     }
   }
 }

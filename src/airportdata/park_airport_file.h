@@ -15,8 +15,8 @@ struct ApfAirport {
   std::string icao;  // the park airport, set by its chooser; empty while none is set
   std::string airportName;
   std::string publisher;
-  std::string version;         // the scenery package's version; empty when the file has none
-  std::uint32_t altitude = 0;  // feet
+  std::string version;        // the scenery package's version; empty when the file has none
+  std::int32_t altitude = 0;  // feet; below sea level at some airports
 };
 
 extern ApfAirport gApfAirport;

@@ -1,9 +1,11 @@
 #include "airportdata/stand_reader.h"
 
 #include <numbers>
+#include <stdexcept>
 #include <unordered_set>
 
 #include "airportdata/file_parameters.h"
+#include "airportdata/stand_numbering.h"
 #include "foundation/half_hours.h"
 #include "foundation/log.h"
 #include "foundation/text_utils.h"
@@ -122,6 +124,16 @@ void readStands(const pugi::xml_document& doc, std::vector<Stand>& stands) {
     }
     stands.push_back(readParkpos(parkpos, std::move(id), true));
   }
+}
+
+std::vector<Stand> gf_standsFromText(std::string_view xml) {
+  pugi::xml_document doc;
+  if (const pugi::xml_parse_result parsed = doc.load_buffer(xml.data(), xml.size()); !parsed)
+    throw std::runtime_error(parsed.description());
+  std::vector<Stand> stands;
+  readStands(doc, stands);
+  lf_numberStands(stands);
+  return stands;
 }
 
 }  // namespace orv

@@ -17,6 +17,11 @@ namespace orv {
 // stand without id or with an empty one, 94 for an id that comes twice.
 void readStands(const pugi::xml_document& doc, std::vector<Stand>& stands);
 
+// One archived airport file held in memory, as the loader makes it ready: its stands read,
+// numbered and with their adjacency. Throws std::runtime_error for a text that is no XML, and
+// the UserErrorException of readStands.
+std::vector<Stand> gf_standsFromText(std::string_view xml);
+
 // The trimmed id of a parkpos; `count` is its running number for the messages. Throws
 // UserErrorException 93 when it is missing or empty.
 std::string readStandId(pugi::xml_node parkpos, std::size_t count);

@@ -2,6 +2,7 @@
 
 #include <httplib.h>
 
+#include <chrono>
 #include <stdexcept>
 
 namespace orv {
@@ -29,8 +30,13 @@ DownloadSite::DownloadSite(const std::filesystem::path& root, int port, RequestL
     port_ = -1;
   }
   if (port_ <= 0) throw std::runtime_error("download_site: cannot bind to " + std::string(kLoopback));
-  // The socket listens from here on; the thread answers what arrives.
-  thread_ = std::thread([this] { server_->listen_after_bind(); });
+  // The socket listens from here on; the thread answers what arrives. A stop before the
+  // thread's loop runs would be lost, so wait for it.
+  thread_ = std::thread([this] {
+    server_->listen_after_bind();
+    listenEnded_ = true;
+  });
+  while (!server_->is_running() && !listenEnded_) std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
 DownloadSite::~DownloadSite() {

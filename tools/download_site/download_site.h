@@ -2,6 +2,7 @@
 // A plain HTTP server on 127.0.0.1 that serves one folder, laid out as the maker's site:
 // downloads/MSFS/archive/stock/<ICAO>.xml, downloads/MSFS2024/..., downloads/versions.json.
 // cpp-httplib does the serving; this only binds it to loopback and runs it on a thread.
+#include <atomic>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -33,6 +34,7 @@ class DownloadSite {
  private:
   std::unique_ptr<httplib::Server> server_;
   std::thread thread_;
+  std::atomic<bool> listenEnded_{false};
   int port_ = 0;
 };
 
