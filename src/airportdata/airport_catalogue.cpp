@@ -102,7 +102,8 @@ bool gf_readAirports() {
 
 bool lf_readAirportCatalogue() {
   const bool filled = gf_readAirports();
-  readAllIcao();
+  // Like the catalogue, the list of codes is read once per process, not at every restart.
+  if (gAllIcao.empty()) readAllIcao();
   return filled;
 }
 

@@ -24,7 +24,7 @@ extern std::vector<RtAirport> gRtAirports;
 // Reads input/airports.enc once per process; a later call tells whether the catalogue is
 // filled. Throws UserErrorException 88 when the file cannot be read.
 bool gf_readAirports();
-// The catalogue and input/ICAO_airports.txt, as the start of a run needs them.
+// The catalogue and input/ICAO_airports.txt, as the start of a run needs them; both once per process.
 bool lf_readAirportCatalogue();
 
 bool isRtAirport(std::string_view code);

@@ -1,5 +1,7 @@
 #include "foundation/xml_meta_reader.h"
 
+#include <algorithm>
+#include <array>
 #include <string_view>
 
 #include "foundation/log.h"
@@ -9,39 +11,35 @@ namespace orv {
 std::optional<XmlMeta> gf_readMeta(pugi::xml_node holder, bool lenient) {
   const pugi::xml_node meta = holder.child("meta");
   if (!meta) return std::nullopt;
-  XmlMeta result;
-  bool seenAuthor = false, seenVersion = false, seenDate = false, seenCopyright = false, seenSim = false,
-       seenP3d = false, seenMsfs = false;
-  // Only the first info of a name counts.
-  const auto takeFirst = [](bool& seen, std::string& into, const char* value) {
-    if (seen) return;
-    seen = true;
-    into = value;
+  struct Field {
+    std::string_view name;
+    std::string XmlMeta::*value;
   };
+  static constexpr std::array<Field, 7> kFields{{{"author", &XmlMeta::author},
+                                                 {"version", &XmlMeta::version},
+                                                 {"date", &XmlMeta::date},
+                                                 {"copyright", &XmlMeta::copyright},
+                                                 {"sim", &XmlMeta::sim},
+                                                 {"P3D", &XmlMeta::p3d},
+                                                 {"MSFS", &XmlMeta::msfs}}};
+  constexpr std::size_t kCopyright = 3, kFirstSimulator = 4;
+  XmlMeta result;
+  std::array<bool, kFields.size()> seen{};
   for (pugi::xml_node info : meta.children("info")) {
     const std::string_view name = info.attribute("name").as_string();
-    const char* value = info.attribute("value").as_string();
-    if (name == "author")
-      takeFirst(seenAuthor, result.author, value);
-    else if (name == "version")
-      takeFirst(seenVersion, result.version, value);
-    else if (name == "date")
-      takeFirst(seenDate, result.date, value);
-    else if (name == "copyright")
-      takeFirst(seenCopyright, result.copyright, value);
-    else if (name == "sim")
-      takeFirst(seenSim, result.sim, value);
-    else if (name == "P3D")
-      takeFirst(seenP3d, result.p3d, value);
-    else if (name == "MSFS")
-      takeFirst(seenMsfs, result.msfs, value);
+    for (std::size_t i = 0; i < kFields.size(); ++i) {
+      // Only the first info of a name counts.
+      if (name != kFields[i].name || seen[i]) continue;
+      seen[i] = true;
+      result.*kFields[i].value = info.attribute("value").as_string();
+    }
   }
-  if (!seenCopyright) return std::nullopt;
+  if (!seen[kCopyright]) return std::nullopt;
   if (result.copyright.empty()) {
     gf_log("no copyright info in the file?");
     return std::nullopt;
   }
-  result.hasSimulator = seenSim || seenP3d || seenMsfs;
+  result.hasSimulator = std::any_of(seen.begin() + kFirstSimulator, seen.end(), [](bool b) { return b; });
   if (!lenient && !result.hasSimulator) return std::nullopt;
   return result;
 }
