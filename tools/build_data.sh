@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Builds Orvane's reference data into a working folder:
 #   TARGET/input/dbase.enc, TARGET/input/airports.enc, TARGET/input/ICAO_airports.txt, and a set of
-#   installed liveries: TARGET/output/LiveriesScanned.xml, TARGET/input/standin_titles.json
+#   installed liveries: TARGET/output/LiveriesScanned.xml, TARGET/input/standin_titles.json, and the
+#   stock airport files in TARGET/download_site/downloads/{MSFS,MSFS2024}/archive/stock/, which
+#   tools/download_site serves
 #
 #   tools/build_data.sh TARGET        normally: tools/build_data.sh build
 #
@@ -78,7 +80,7 @@ fetch_deb() {
 fetch_npm
 fetch_deb "$deb_dump1090" dump1090
 fetch_deb "$deb_flightgear" flightgear './usr/share/games/flightgear/AI/Traffic/*' \
-  './usr/share/games/flightgear/AI/Aircraft/*.xml'
+  './usr/share/games/flightgear/AI/Aircraft/*.xml' './usr/share/games/flightgear/AI/Airports/*/parking.xml'
 
 sources="$cache/sources"
 mkdir -p "$sources"
@@ -107,7 +109,8 @@ stamp_file="$target/input/.refdata-stamp"
 stamp=$( { printf '%s\n' "${npm_packages[@]}" "$deb_dump1090" "$deb_flightgear"
            cat data/*.csv tools/databuild/*.py tools/databuild/*.cpp tools/databuild/*.h src/refdata/data_key.cpp; } | sha256sum | cut -d' ' -f1)
 outputs=("$target/input/dbase.enc" "$target/input/airports.enc" "$target/input/ICAO_airports.txt"
-         "$target/output/LiveriesScanned.xml" "$target/input/standin_titles.json")
+         "$target/output/LiveriesScanned.xml" "$target/input/standin_titles.json"
+         "$target/download_site/downloads/MSFS/archive/stock/EHAM.xml")
 up_to_date=1
 for f in "${outputs[@]}"; do [ -f "$f" ] || up_to_date=0; done
 if [ $up_to_date -eq 1 ] && [ "$(cat "$stamp_file" 2>/dev/null)" = "$stamp" ]; then
@@ -124,6 +127,8 @@ cp "$plain/ICAO_airports.txt" "$target/input/ICAO_airports.txt"
 mkdir -p "$target/output"
 cp "$plain/LiveriesScanned.xml" "$target/output/LiveriesScanned.xml"
 cp "$plain/standin_titles.json" "$target/input/standin_titles.json"
+rm -rf "$target/download_site"
+cp -r "$plain/site" "$target/download_site"
 rm -rf "$plain"  # the plain text lives only as long as the build needs it
 "$check" "$target"
 echo "$stamp" > "$stamp_file"

@@ -59,7 +59,7 @@ for name in "${selected[@]}"; do
   findings="$build/findings/$name"
   mkdir -p "$work" "$findings"
   options=(-max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1
-    -artifact_prefix="$findings/")
+    -artifact_prefix="$PWD/$findings/")
   [ -f "fuzz/$name.dict" ] && options+=(-dict="fuzz/$name.dict")
   log="$build/findings/$name.log"
   before=$(find "$findings" -maxdepth 1 -type f | wc -l)

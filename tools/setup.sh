@@ -7,7 +7,7 @@ set -euo pipefail
 packages=(
   build-essential cmake ninja-build pkg-config
   libfmt-dev libpugixml-dev nlohmann-json3-dev
-  libsodium-dev libcurl4-openssl-dev libzip-dev
+  libsodium-dev libcurl4-openssl-dev libzip-dev libcpp-httplib-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   python3
   "$@"

@@ -15,4 +15,11 @@ bool lf_productionRequested(const std::vector<std::string>& args) {
   return production;
 }
 
+std::optional<std::string> lf_downloadSiteRequested(const std::vector<std::string>& args) {
+  std::optional<std::string> site;
+  for (std::size_t i = 0; i + 1 < args.size(); ++i)
+    if (args[i] == "--download-site") site = args[i + 1];
+  return site;
+}
+
 }  // namespace orv

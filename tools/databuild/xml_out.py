@@ -23,7 +23,7 @@ def write_airports_xml(path, airports):
             pairs = [("c", ap["c"])]
             if ap["i"]:
                 pairs.append(("i", ap["i"]))
-            pairs += [("la", _number(ap["la"], 6)), ("lo", _number(ap["lo"], 6)), ("a", _number(ap["a"], 0)), ("s", 0)]
+            pairs += [("la", _number(ap["la"], 6)), ("lo", _number(ap["lo"], 6)), ("a", _number(ap["a"], 0)), ("s", ap.get("s", 0))]
             f.write(f"    <ap {_attrs(pairs)}/>\n")
         f.write("  </airports>\n</root>\n")
 

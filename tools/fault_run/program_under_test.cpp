@@ -44,6 +44,12 @@ ProgramUnderTest::ProgramUnderTest() : previousFolder_(fs::current_path()) {
   if (liveries.empty()) throw std::runtime_error("tests/data/liveries/eddf_liveries.xml is missing");
   fs::create_directories(folder_ / "output");
   std::ofstream(folder_ / "output" / "LiveriesScanned.xml", std::ios::binary) << liveries;
+  // The catalogue of airports and the list of all airport codes.
+  const fs::path airportData = kSourceFolder / "tests" / "data" / "airports";
+  const std::string catalogue = readText(airportData / "eddf_catalogue.xml");
+  if (catalogue.empty()) throw std::runtime_error("tests/data/airports/eddf_catalogue.xml is missing");
+  std::ofstream(folder_ / "input" / "airports.enc", std::ios::binary) << gf_encryptBytes(gf_dataKey(), catalogue);
+  std::ofstream(folder_ / "input" / "ICAO_airports.txt", std::ios::binary) << readText(airportData / "ICAO_airports.txt");
   if (const char* v = std::getenv("ORVANE_APPDATA")) {
     previousAppData_ = v;
     hadAppData_ = true;
