@@ -194,9 +194,9 @@ TEST_F(ProcessRun, WithoutDocsTheRunEndsWithTheFolderError) {
 
 TEST(WorkingFolder, CommandLineThenEnvironmentThenProgramFolder) {
   EXPECT_EQ(lf_workingFolder({"--workdir", "/some/where"}), fs::path("/some/where"));
-  setenv("ORVANE_HOME", "/from/env", 1);
+  test::setEnv("ORVANE_HOME", "/from/env");
   EXPECT_EQ(lf_workingFolder({}), fs::path("/from/env"));
-  unsetenv("ORVANE_HOME");
+  test::unsetEnv("ORVANE_HOME");
   EXPECT_TRUE(fs::exists(lf_workingFolder({})));
 }
 
