@@ -61,6 +61,21 @@ void ignorePortUnreachable(SOCKET s) {
 
 int length(std::size_t size) { return static_cast<int>(std::min<std::size_t>(size, 0x7fffffff)); }
 
+// The layer's own reference to Winsock, for the life of the process: its sockets then work
+// before a caller's startup() and stay open after the last cleanup(), as POSIX sockets do
+// (a WSACleanup that ends the last reference closes every socket of the process).
+struct WinsockReference {
+  WinsockReference() {
+    WSADATA data{};
+    started = WSAStartup(MAKEWORD(2, 2), &data) == 0;
+  }
+  ~WinsockReference() {
+    if (started) WSACleanup();
+  }
+  bool started = false;
+};
+const WinsockReference gWinsock;
+
 }  // namespace
 
 int startup() {

@@ -124,8 +124,9 @@ ServerChoice chooseServer(bool standInAllowed) {
     choice.library = file;
     return choice;
   }
-  // Without a library the calls stay with the stand-in; one that is never started answers
-  // every call as a simulator that is not running does.
+  // Without a library the calls go to the stand-in; one that is never started answers every
+  // call as a simulator that is not running does.
+  gCalls = standInCalls();
   choice.server = standInAllowed ? Server::StandIn : Server::None;
   return choice;
 }
