@@ -163,19 +163,17 @@ build_nlohmann_json() { header_only "$2" nlohmann_json nlohmann_json::nlohmann_j
 
 build_libraries() {
   mkdir -p "$deps"
-  local package version
-  read -r package version < <(source_of libpugixml-dev)
-  library pugixml "$version" "$package"
-  read -r package version < <(source_of libsodium-dev)
-  library libsodium "$version" "$package"
-  read -r package version < <(source_of libcurl4-openssl-dev)
-  library curl "$version" "$package"
-  read -r package version < <(source_of libgtest-dev)
-  library googletest "$version" ""
-  read -r package version < <(source_of libfmt-dev)
-  library fmt "$version" ""
-  read -r package version < <(source_of nlohmann-json3-dev)
-  library nlohmann_json "$version" ""
+  # Each library, the Linux build's package whose source version it takes, and whether its
+  # Debian source package is fetched (the others come from installed files).
+  local libraries=("pugixml libpugixml-dev fetch" "libsodium libsodium-dev fetch" "curl libcurl4-openssl-dev fetch"
+    "googletest libgtest-dev installed" "fmt libfmt-dev installed" "nlohmann_json nlohmann-json3-dev installed")
+  local entry name linux from package version
+  for entry in "${libraries[@]}"; do
+    read -r name linux from <<<"$entry"
+    read -r package version < <(source_of "$linux")
+    if [ "$from" != fetch ]; then package=""; fi
+    library "$name" "$version" "$package"
+  done
 }
 
 # --- Orvane -----------------------------------------------------------------------------------
