@@ -202,6 +202,13 @@ start_wine() {
   "$(dirname "$wine")/wineserver" -p 600 >/dev/null 2>&1 || true
 }
 
+# Ends the persistent server of the build's Wine prefix, so that nothing of Wine outlives the script.
+stop_wine() {
+  if [ -n "${WINEPREFIX:-}" ] && [ -f "$build/CMakeCache.txt" ]; then
+    "$(dirname "$(wine_program)")/wineserver" -k >/dev/null 2>&1 || true
+  fi
+}
+
 # Left out under Wine: a stop requested while the run waits for the first feed report, after
 # the readers have started, does not end the process within 20 s there (it does on Linux); the
 # whole app_tests binary in shuffled orders holds the same case.
@@ -291,6 +298,7 @@ package() {
 
 main() {
   local started=$SECONDS
+  trap stop_wine EXIT
   install_packages
   enable_sources
   build_libraries
