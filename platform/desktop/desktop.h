@@ -2,6 +2,7 @@
 // Desktop shell operations: known folders, opening a folder in the file manager,
 // a message box, and the facts about protected install folders and elevation.
 // Each returns failure where the platform has no such thing; callers log it.
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string_view>
@@ -47,7 +48,7 @@ class SingleInstance {
   bool held() const { return held_; }
 
  private:
-  int handle_ = -1;
+  std::intptr_t handle_ = -1;  // a file descriptor here, a mutex handle on Windows
   bool held_ = true;
 };
 

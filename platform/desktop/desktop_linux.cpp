@@ -82,7 +82,7 @@ SingleInstance::SingleInstance(const std::filesystem::path& folder, std::string_
 }
 
 SingleInstance::~SingleInstance() {
-  if (handle_ >= 0) ::close(handle_);
+  if (handle_ >= 0) ::close(static_cast<int>(handle_));
 }
 
 }  // namespace orv::desktop

@@ -1,8 +1,9 @@
 #pragma once
 // The socket operations of the feed: the RealTraffic link (a TCP server) and the two UDP readers.
-// Each function is one Winsock call, so that a Windows build binds them 1:1; this build binds
-// them to POSIX sockets. Results follow Winsock: a socket or kNoSocket, a count or kSocketError,
-// 0 or kSocketError; lastError() then gives a Winsock-style code for gf_socketError.
+// Each function is one Winsock call: the Windows build binds them 1:1 (socket_layer_winsock.cpp),
+// Linux to POSIX sockets (socket_layer_posix.cpp). Results follow Winsock: a socket or kNoSocket,
+// a count or kSocketError, 0 or kSocketError; lastError() then gives a Winsock code for
+// gf_socketError.
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -88,7 +89,9 @@ int closeSocket(Socket s);
 
 // Code of the last failure of this thread's calls into the layer.
 int lastError();
+#if !defined(_WIN32)
 // The Winsock code of the same meaning as a POSIX errno; the errno itself where none exists.
 int codeOfErrno(int err);
+#endif
 
 }  // namespace orv::net

@@ -8,22 +8,25 @@
 // needs, never with a gap.
 #include <cstdint>
 
+// The Windows types by their own definitions, so that no logic file sees <windows.h> and its
+// macros; a platform file may include <windows.h> before this header, and the same typedefs
+// then simply repeat. DWORD and HRESULT are 32 bits on both systems: record layouts depend on it.
 #if defined(_WIN32)
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
+typedef unsigned long DWORD;
+typedef long HRESULT;
+#define ORV_SIMCONNECT_CALL __stdcall
 #else
-typedef std::uint32_t DWORD;  // 32 bits as on Windows; record layouts depend on it
+typedef std::uint32_t DWORD;
 typedef std::int32_t HRESULT;
+#define ORV_SIMCONNECT_CALL
+#endif
 typedef int BOOL;
 typedef void* HANDLE;
 typedef struct HWND__* HWND;
 typedef const char* LPCSTR;
-#define CALLBACK
+#ifndef CALLBACK
+#define CALLBACK ORV_SIMCONNECT_CALL
+#endif
 #ifndef S_OK
 #define S_OK ((HRESULT)0L)
 #endif
@@ -44,7 +47,6 @@ typedef const char* LPCSTR;
 #endif
 #ifndef MAX_PATH
 #define MAX_PATH 260
-#endif
 #endif
 
 #ifndef DWORD_MAX
@@ -288,11 +290,7 @@ struct SIMCONNECT_DATA_INITPOSITION {
 
 #pragma pack(pop)
 
-#if defined(_WIN32)
-#define SIMCONNECTAPI extern "C" HRESULT __stdcall
-#else
-#define SIMCONNECTAPI extern "C" HRESULT
-#endif
+#define SIMCONNECTAPI extern "C" HRESULT ORV_SIMCONNECT_CALL
 
 typedef void(CALLBACK* DispatchProc)(SIMCONNECT_RECV* pData, DWORD cbData, void* pContext);
 

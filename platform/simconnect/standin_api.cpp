@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "platform/simconnect/simconnect_subset.h"
+#include "platform/simconnect/standin_entry.h"
 #include "platform/simconnect/standin_world.h"
 
 using namespace orv::standin;
@@ -100,7 +101,7 @@ bool sameNoCase(std::string_view a, std::string_view b) { return upper(a) == upp
 
 }  // namespace
 
-SIMCONNECTAPI SimConnect_Open(HANDLE* phSimConnect, LPCSTR szName, HWND hWnd, DWORD UserEventWin32,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_Open)(HANDLE* phSimConnect, LPCSTR szName, HWND hWnd, DWORD UserEventWin32,
                               HANDLE hEventHandle, DWORD ConfigIndex) {
   World& w = world();
   std::lock_guard lock(w.mutex);
@@ -141,7 +142,7 @@ SIMCONNECTAPI SimConnect_Open(HANDLE* phSimConnect, LPCSTR szName, HWND hWnd, DW
   return record.result;
 }
 
-SIMCONNECTAPI SimConnect_Close(HANDLE hSimConnect) {
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_Close)(HANDLE hSimConnect) {
   World& w = world();
   std::lock_guard lock(w.mutex);
   auto it = w.sessions.find(keyOf(hSimConnect));
@@ -164,7 +165,7 @@ SIMCONNECTAPI SimConnect_Close(HANDLE hSimConnect) {
   return S_OK;
 }
 
-SIMCONNECTAPI SimConnect_CallDispatch(HANDLE hSimConnect, DispatchProc pfcnDispatch, void* pContext) {
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_CallDispatch)(HANDLE hSimConnect, DispatchProc pfcnDispatch, void* pContext) {
   World& w = world();
   std::deque<Record> batch;
   {
@@ -196,7 +197,7 @@ SIMCONNECTAPI SimConnect_CallDispatch(HANDLE hSimConnect, DispatchProc pfcnDispa
   return S_OK;
 }
 
-SIMCONNECTAPI SimConnect_GetLastSentPacketID(HANDLE hSimConnect, DWORD* pdwError) {
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_GetLastSentPacketID)(HANDLE hSimConnect, DWORD* pdwError) {
   World& w = world();
   std::lock_guard lock(w.mutex);
   auto it = w.sessions.find(keyOf(hSimConnect));
@@ -212,7 +213,7 @@ SIMCONNECTAPI SimConnect_GetLastSentPacketID(HANDLE hSimConnect, DWORD* pdwError
   return S_OK;
 }
 
-SIMCONNECTAPI SimConnect_SubscribeToSystemEvent(HANDLE hSimConnect, SIMCONNECT_CLIENT_EVENT_ID EventID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_SubscribeToSystemEvent)(HANDLE hSimConnect, SIMCONNECT_CLIENT_EVENT_ID EventID,
                                                 const char* SystemEventName) {
   Call c(hSimConnect, "SimConnect_SubscribeToSystemEvent");
   if (!c.proceed) return c.early;
@@ -232,7 +233,7 @@ SIMCONNECTAPI SimConnect_SubscribeToSystemEvent(HANDLE hSimConnect, SIMCONNECT_C
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_AddToDataDefinition(HANDLE hSimConnect, SIMCONNECT_DATA_DEFINITION_ID DefineID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_AddToDataDefinition)(HANDLE hSimConnect, SIMCONNECT_DATA_DEFINITION_ID DefineID,
                                              const char* DatumName, const char* UnitsName, SIMCONNECT_DATATYPE DatumType,
                                              float, DWORD) {
   Call c(hSimConnect, "SimConnect_AddToDataDefinition");
@@ -246,7 +247,7 @@ SIMCONNECTAPI SimConnect_AddToDataDefinition(HANDLE hSimConnect, SIMCONNECT_DATA
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_MapClientEventToSimEvent(HANDLE hSimConnect, SIMCONNECT_CLIENT_EVENT_ID EventID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_MapClientEventToSimEvent)(HANDLE hSimConnect, SIMCONNECT_CLIENT_EVENT_ID EventID,
                                                   const char* EventName) {
   Call c(hSimConnect, "SimConnect_MapClientEventToSimEvent");
   if (!c.proceed) return c.early;
@@ -260,7 +261,7 @@ SIMCONNECTAPI SimConnect_MapClientEventToSimEvent(HANDLE hSimConnect, SIMCONNECT
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_AddClientEventToNotificationGroup(HANDLE hSimConnect, SIMCONNECT_NOTIFICATION_GROUP_ID GroupID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_AddClientEventToNotificationGroup)(HANDLE hSimConnect, SIMCONNECT_NOTIFICATION_GROUP_ID GroupID,
                                                            SIMCONNECT_CLIENT_EVENT_ID EventID, BOOL bMaskable) {
   Call c(hSimConnect, "SimConnect_AddClientEventToNotificationGroup");
   if (!c.proceed) return c.early;
@@ -272,7 +273,7 @@ SIMCONNECTAPI SimConnect_AddClientEventToNotificationGroup(HANDLE hSimConnect, S
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_SetNotificationGroupPriority(HANDLE hSimConnect, SIMCONNECT_NOTIFICATION_GROUP_ID GroupID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_SetNotificationGroupPriority)(HANDLE hSimConnect, SIMCONNECT_NOTIFICATION_GROUP_ID GroupID,
                                                       DWORD uPriority) {
   Call c(hSimConnect, "SimConnect_SetNotificationGroupPriority");
   if (!c.proceed) return c.early;
@@ -283,7 +284,7 @@ SIMCONNECTAPI SimConnect_SetNotificationGroupPriority(HANDLE hSimConnect, SIMCON
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_RequestDataOnSimObject(HANDLE hSimConnect, SIMCONNECT_DATA_REQUEST_ID RequestID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_RequestDataOnSimObject)(HANDLE hSimConnect, SIMCONNECT_DATA_REQUEST_ID RequestID,
                                                 SIMCONNECT_DATA_DEFINITION_ID DefineID, SIMCONNECT_OBJECT_ID ObjectID,
                                                 SIMCONNECT_PERIOD Period, SIMCONNECT_DATA_REQUEST_FLAG Flags, DWORD,
                                                 DWORD, DWORD) {
@@ -304,7 +305,7 @@ SIMCONNECTAPI SimConnect_RequestDataOnSimObject(HANDLE hSimConnect, SIMCONNECT_D
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_RequestDataOnSimObjectType(HANDLE hSimConnect, SIMCONNECT_DATA_REQUEST_ID RequestID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_RequestDataOnSimObjectType)(HANDLE hSimConnect, SIMCONNECT_DATA_REQUEST_ID RequestID,
                                                     SIMCONNECT_DATA_DEFINITION_ID DefineID, DWORD dwRadiusMeters,
                                                     SIMCONNECT_SIMOBJECT_TYPE type) {
   Call c(hSimConnect, "SimConnect_RequestDataOnSimObjectType");
@@ -350,7 +351,7 @@ SIMCONNECTAPI SimConnect_RequestDataOnSimObjectType(HANDLE hSimConnect, SIMCONNE
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_SetDataOnSimObject(HANDLE hSimConnect, SIMCONNECT_DATA_DEFINITION_ID DefineID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_SetDataOnSimObject)(HANDLE hSimConnect, SIMCONNECT_DATA_DEFINITION_ID DefineID,
                                             SIMCONNECT_OBJECT_ID ObjectID, SIMCONNECT_DATA_SET_FLAG,
                                             DWORD ArrayCount, DWORD cbUnitSize, void* pDataSet) {
   Call c(hSimConnect, "SimConnect_SetDataOnSimObject");
@@ -384,7 +385,7 @@ SIMCONNECTAPI SimConnect_SetDataOnSimObject(HANDLE hSimConnect, SIMCONNECT_DATA_
   return c.done(false);
 }
 
-SIMCONNECTAPI SimConnect_TransmitClientEvent(HANDLE hSimConnect, SIMCONNECT_OBJECT_ID ObjectID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_TransmitClientEvent)(HANDLE hSimConnect, SIMCONNECT_OBJECT_ID ObjectID,
                                              SIMCONNECT_CLIENT_EVENT_ID EventID, DWORD dwData,
                                              SIMCONNECT_NOTIFICATION_GROUP_ID GroupID, SIMCONNECT_EVENT_FLAG) {
   Call c(hSimConnect, "SimConnect_TransmitClientEvent");
@@ -399,7 +400,7 @@ SIMCONNECTAPI SimConnect_TransmitClientEvent(HANDLE hSimConnect, SIMCONNECT_OBJE
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_AICreateNonATCAircraft(HANDLE hSimConnect, const char* szContainerTitle,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_AICreateNonATCAircraft)(HANDLE hSimConnect, const char* szContainerTitle,
                                                 const char* szTailNumber, SIMCONNECT_DATA_INITPOSITION InitPos,
                                                 SIMCONNECT_DATA_REQUEST_ID RequestID) {
   Call c(hSimConnect, "SimConnect_AICreateNonATCAircraft");
@@ -420,7 +421,7 @@ SIMCONNECTAPI SimConnect_AICreateNonATCAircraft(HANDLE hSimConnect, const char* 
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_AIRemoveObject(HANDLE hSimConnect, SIMCONNECT_OBJECT_ID ObjectID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_AIRemoveObject)(HANDLE hSimConnect, SIMCONNECT_OBJECT_ID ObjectID,
                                         SIMCONNECT_DATA_REQUEST_ID RequestID) {
   Call c(hSimConnect, "SimConnect_AIRemoveObject");
   if (!c.proceed) return c.early;
@@ -435,7 +436,7 @@ SIMCONNECTAPI SimConnect_AIRemoveObject(HANDLE hSimConnect, SIMCONNECT_OBJECT_ID
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_AIReleaseControl(HANDLE hSimConnect, SIMCONNECT_OBJECT_ID ObjectID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_AIReleaseControl)(HANDLE hSimConnect, SIMCONNECT_OBJECT_ID ObjectID,
                                           SIMCONNECT_DATA_REQUEST_ID RequestID) {
   Call c(hSimConnect, "SimConnect_AIReleaseControl");
   if (!c.proceed) return c.early;
@@ -447,7 +448,7 @@ SIMCONNECTAPI SimConnect_AIReleaseControl(HANDLE hSimConnect, SIMCONNECT_OBJECT_
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_AISetAircraftFlightPlan(HANDLE hSimConnect, SIMCONNECT_OBJECT_ID ObjectID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_AISetAircraftFlightPlan)(HANDLE hSimConnect, SIMCONNECT_OBJECT_ID ObjectID,
                                                  const char* szFlightPlanPath, SIMCONNECT_DATA_REQUEST_ID RequestID) {
   Call c(hSimConnect, "SimConnect_AISetAircraftFlightPlan");
   if (!c.proceed) return c.early;
@@ -467,7 +468,7 @@ SIMCONNECTAPI SimConnect_AISetAircraftFlightPlan(HANDLE hSimConnect, SIMCONNECT_
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_AddToFacilityDefinition(HANDLE hSimConnect, SIMCONNECT_DATA_DEFINITION_ID DefineID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_AddToFacilityDefinition)(HANDLE hSimConnect, SIMCONNECT_DATA_DEFINITION_ID DefineID,
                                                  const char* FieldName) {
   Call c(hSimConnect, "SimConnect_AddToFacilityDefinition");
   if (!c.proceed) return c.early;
@@ -478,7 +479,7 @@ SIMCONNECTAPI SimConnect_AddToFacilityDefinition(HANDLE hSimConnect, SIMCONNECT_
   return c.done();
 }
 
-SIMCONNECTAPI SimConnect_RequestFacilityData(HANDLE hSimConnect, SIMCONNECT_DATA_DEFINITION_ID DefineID,
+SIMCONNECTAPI ORV_STANDIN_ENTRY(SimConnect_RequestFacilityData)(HANDLE hSimConnect, SIMCONNECT_DATA_DEFINITION_ID DefineID,
                                              SIMCONNECT_DATA_REQUEST_ID RequestID, const char* ICAO,
                                              const char* Region) {
   Call c(hSimConnect, "SimConnect_RequestFacilityData");

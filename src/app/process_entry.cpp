@@ -85,7 +85,7 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
   std::error_code ec;
   fs::current_path(workingFolder, ec);
   if (ec) {
-    std::fprintf(stderr, "Cannot enter the working folder %s: %s\n", workingFolder.c_str(), ec.message().c_str());
+    std::fprintf(stderr, "Cannot enter the working folder %s: %s\n", workingFolder.string().c_str(), ec.message().c_str());
     return 1;
   }
   try {
@@ -166,7 +166,7 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
   const std::string error = gf_messageArea().errorText;
   gf_setWindow(nullptr);
   gf_closeLog();
-  std::printf("Log.txt: %s\n", fs::absolute("Log.txt").c_str());
+  std::printf("Log.txt: %s\n", fs::absolute("Log.txt").string().c_str());
   // The error stays readable on the terminal; the exit code is the one the run handed to the
   // quit, as on the window.
   if (!error.empty()) std::fprintf(stderr, "Error: %s\n", error.c_str());

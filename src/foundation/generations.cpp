@@ -21,7 +21,9 @@ bool existsLogged(const fs::path& p) {
 void copyLogged(const fs::path& from, const fs::path& to) {
   if (!existsLogged(from)) return;
   std::error_code ec;
-  fs::copy_file(from, to, fs::copy_options::overwrite_existing, ec);
+  // Removed first rather than overwritten: libstdc++ on Windows refuses to overwrite a file.
+  fs::remove(to, ec);
+  if (!ec) fs::copy_file(from, to, ec);
   if (ec) gf_logError("copy {} -> {} failed: {}", from.string(), to.string(), ec.message());
 }
 }  // namespace

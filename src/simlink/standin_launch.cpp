@@ -3,6 +3,7 @@
 #include "foundation/log.h"
 
 #if !defined(ORV_REAL_SIMCONNECT)
+#include "platform/simconnect/simconnect_server.h"
 #include "platform/simconnect/standin_control.h"
 #endif
 
@@ -23,6 +24,22 @@ void gf_stopStandinSimulator() {}
 
 void gf_startStandinSimulator(const std::vector<std::string>& args) {
   const std::string file = lf_scenarioOption(args);
+  // Where the simulator's own library exists it serves; the stand-in only on request.
+  const simconnect::ServerChoice choice = simconnect::chooseServer(!file.empty());
+  for (const std::string& refused : choice.refused) gf_logError("SimConnect: {}", refused);
+  if (choice.server == simconnect::Server::Library) {
+    gf_log("SimConnect served by {}", choice.library.string());
+    return;
+  }
+  if (choice.server == simconnect::Server::None) {
+    std::string looked;
+    for (const auto& path : choice.looked) looked += (looked.empty() ? "" : ", ") + path.string();
+    gf_logError("SimConnect.dll not found (looked for {}); without it only --scenario FILE starts the stand-in simulator",
+                looked);
+    if (standin::isRunning()) standin::stop();
+    return;
+  }
+  gf_log("SimConnect served by the stand-in simulator");
   if (standin::isRunning()) standin::stop();
   if (file.empty())
     standin::loadScenarioText(kDefaultStandinScenario, "default_eddf.json");

@@ -13,7 +13,9 @@ extern const char* const kDefaultStandinScenario;
 // The file of "--scenario FILE", or empty.
 std::string lf_scenarioOption(const std::vector<std::string>& args);
 
-// Starts the stand-in and logs which scenario it plays; nothing when the SDK is bound.
+// Chooses the SimConnect server and logs it: on Windows SimConnect.dll when one is found, else
+// the stand-in only with --scenario; elsewhere always the stand-in. Starts the stand-in when it
+// serves and logs which scenario it plays; nothing when the SDK is linked.
 // A scenario that can't be read throws std::runtime_error naming the file and the place.
 void gf_startStandinSimulator(const std::vector<std::string>& args);
 // Stops it, if it runs.

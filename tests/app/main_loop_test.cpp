@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <vector>
 
 #include "app/closing_down.h"
@@ -42,8 +43,8 @@ class FakeClock : public LoopClock {
 };
 
 // Runs `count` ticks; the n-th tick spends work[n]; returns the clock at each tick.
-std::vector<long> runTicks(FakeClock& clock, int count, std::vector<ms> work = {}) {
-  std::vector<long> at;
+std::vector<std::int64_t> runTicks(FakeClock& clock, int count, std::vector<ms> work = {}) {
+  std::vector<std::int64_t> at;
   lf_runSchedule(clock, [&] {
     at.push_back(clock.elapsed().count());
     gv_secondTick = false;  // taken by the tick, as lf_tick does
@@ -55,33 +56,33 @@ std::vector<long> runTicks(FakeClock& clock, int count, std::vector<ms> work = {
 
 TEST(MainLoopSchedule, TicksEveryTenMilliseconds) {
   FakeClock clock;
-  EXPECT_EQ(runTicks(clock, 5), (std::vector<long>{0, 10, 20, 30, 40}));
+  EXPECT_EQ(runTicks(clock, 5), (std::vector<std::int64_t>{0, 10, 20, 30, 40}));
 }
 
 TEST(MainLoopSchedule, CatchesUpBackToBackWithinHundredMilliseconds) {
   FakeClock clock;
   // The third tick takes 50 ms: the ticks due meanwhile follow at once, then the schedule holds.
-  EXPECT_EQ(runTicks(clock, 9, {0ms, 0ms, 50ms}), (std::vector<long>{0, 10, 20, 70, 70, 70, 70, 70, 80}));
+  EXPECT_EQ(runTicks(clock, 9, {0ms, 0ms, 50ms}), (std::vector<std::int64_t>{0, 10, 20, 70, 70, 70, 70, 70, 80}));
 }
 
 TEST(MainLoopSchedule, MoreThanHundredMillisecondsBehindRestartsFromNow) {
   FakeClock clock;
-  EXPECT_EQ(runTicks(clock, 5, {0ms, 0ms, 150ms}), (std::vector<long>{0, 10, 20, 180, 190}));
+  EXPECT_EQ(runTicks(clock, 5, {0ms, 0ms, 150ms}), (std::vector<std::int64_t>{0, 10, 20, 180, 190}));
   FakeClock exact;
   // 100 ms behind is not yet more than 100 ms.
-  EXPECT_EQ(runTicks(exact, 5, {0ms, 0ms, 100ms}), (std::vector<long>{0, 10, 20, 120, 120}));
+  EXPECT_EQ(runTicks(exact, 5, {0ms, 0ms, 100ms}), (std::vector<std::int64_t>{0, 10, 20, 120, 120}));
 }
 
 TEST(MainLoopSchedule, ASecondTickReadsTheClockAgain) {
   FakeClock late;
   late.oversleep = 4ms;
   // Late wake-ups don't shift the schedule...
-  EXPECT_EQ(runTicks(late, 5), (std::vector<long>{0, 14, 24, 34, 44}));
+  EXPECT_EQ(runTicks(late, 5), (std::vector<std::int64_t>{0, 14, 24, 34, 44}));
   FakeClock second;
   second.oversleep = 4ms;
   second.secondTickAtSleep = 2;
   // ...until the simulator's second arrives: from then on the ticks follow the clock.
-  EXPECT_EQ(runTicks(second, 5), (std::vector<long>{0, 14, 24, 38, 48}));
+  EXPECT_EQ(runTicks(second, 5), (std::vector<std::int64_t>{0, 14, 24, 38, 48}));
 }
 
 // The run's seconds, driven through the tick as the simulator's per-second block drives them,

@@ -20,6 +20,7 @@
 #include "platform/window/window_layer.h"
 #include "simlink/sim_run_state.h"
 #include "simlink/sim_session.h"
+#include "simlink/standin_launch.h"
 #include "simlink/user_aircraft.h"
 #include "test_support.h"
 
@@ -65,6 +66,13 @@ class ProcessRun : public testing::Test {
 
   // Starts the process on its own thread, as main() would.
   void start(std::vector<std::string> args = {}) {
+#if defined(_WIN32)
+    // Windows starts the stand-in simulator only on request, and only without SimConnect.dll.
+    test::unsetEnv("MSFS_SDK");
+    test::unsetEnv("MSFS2024_SDK");
+    test::writeFile(work / "default_eddf.json", kDefaultStandinScenario);
+    args.insert(args.end(), {"--scenario", (work / "default_eddf.json").string()});
+#endif
     result = std::async(std::launch::async, [this, args] { return lf_runProcess(work.path(), args); });
   }
   bool reach(RunStage stage, std::chrono::milliseconds limit = 10s) {
@@ -207,9 +215,9 @@ TEST_F(ProcessRun, WithoutTheAirportCatalogueTheRunEndsWithItsError) {
 
 TEST(WorkingFolder, CommandLineThenEnvironmentThenProgramFolder) {
   EXPECT_EQ(lf_workingFolder({"--workdir", "/some/where"}), fs::path("/some/where"));
-  setenv("ORVANE_HOME", "/from/env", 1);
+  test::setEnv("ORVANE_HOME", "/from/env");
   EXPECT_EQ(lf_workingFolder({}), fs::path("/from/env"));
-  unsetenv("ORVANE_HOME");
+  test::unsetEnv("ORVANE_HOME");
   EXPECT_TRUE(fs::exists(lf_workingFolder({})));
 }
 

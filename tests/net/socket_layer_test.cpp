@@ -80,7 +80,11 @@ TEST(SocketLayer, TcpLoopbackCarriesLinesBothWaysAndReportsTheEnd) {
   EXPECT_EQ(connectSocket(second.s, Endpoint{kLoopback, port}), kSocketError);
   EXPECT_EQ(gf_socketError(lastError()), "10061 Connection refused");
   EXPECT_EQ(receive(server.s, got.data(), 1), kSocketError);
-  EXPECT_EQ(lastError(), 10009);
+#if defined(_WIN32)
+  EXPECT_EQ(lastError(), 10038);  // Winsock: no socket of that number
+#else
+  EXPECT_EQ(lastError(), 10009);  // EBADF's twin
+#endif
   ResolvedAddress address;
   EXPECT_NE(resolvePassive("no-such-port", Kind::Stream, address), 0);
   cleanup();
@@ -106,7 +110,11 @@ TEST(SocketLayer, UdpLoopbackAndTheReceiveTimeOut) {
 
   // Nothing more comes: the time-out gives a code that the reader loop passes over.
   EXPECT_EQ(receiveFrom(reader.s, buffer.data(), 16384, nullptr), kSocketError);
+#if defined(_WIN32)
+  EXPECT_EQ(lastError(), kCodeTimedOut);  // Winsock's word for an SO_RCVTIMEO that ran out
+#else
   EXPECT_EQ(lastError(), kCodeWouldBlock);
+#endif
   // The same on a stream socket; and the code belongs to the calling thread.
   Owned server{openServer()};
   Owned client{openSocket(Kind::Stream)};

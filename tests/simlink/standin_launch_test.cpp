@@ -10,14 +10,38 @@ namespace {
 TEST(StandinLaunch, DefaultScenarioOrTheFileOfTheOption) {
   LogCapture log;
   standin::reset();
+  TempDir dir;
+#if defined(_WIN32)
+  // Without SimConnect.dll the stand-in serves only on request, and the log says where the
+  // library was looked for.
+  unsetEnv("MSFS_SDK");
+  setEnv("MSFS2024_SDK", (dir / "sdk").string());
   gf_startStandinSimulator({"--seconds", "20"});
+  EXPECT_FALSE(standin::isRunning());
+  EXPECT_NE(log.text().find("SimConnect.dll not found (looked for "), std::string::npos) << log.text();
+  EXPECT_NE(log.text().find((dir / "sdk" / "SimConnect SDK" / "lib" / "SimConnect.dll").string() +
+                            "); without it only --scenario FILE starts the stand-in simulator\n"),
+            std::string::npos)
+      << log.text();
+  unsetEnv("MSFS2024_SDK");
+  writeFile(dir / "default_eddf.json", kDefaultStandinScenario);
+  const std::string scenario = (dir / "default_eddf.json").string();
+  gf_startStandinSimulator({"--scenario", scenario});
+  EXPECT_NE(log.text().find("SimConnect served by the stand-in simulator\nStand-in simulator started in real time with " +
+                            scenario + "\n"),
+            std::string::npos)
+      << log.text();
+#else
+  gf_startStandinSimulator({"--seconds", "20"});
+  EXPECT_NE(log.text().find("SimConnect served by the stand-in simulator\nStand-in simulator started in real time "
+                            "with default_eddf.json\n"),
+            std::string::npos);
+#endif
   ASSERT_TRUE(standin::isRunning());
   EXPECT_EQ(standin::objects().front().title, "Airbus A320 Neo Asobo");
   EXPECT_NEAR(standin::objects().front().latitude, 50.05, 0.01) << "parked at Frankfurt";
-  EXPECT_NE(log.text().find("Stand-in simulator started in real time with default_eddf.json\n"), std::string::npos);
   gf_stopStandinSimulator();
 
-  TempDir dir;
   writeFile(dir / "bad.json", R"({"user": {"latitude": "north"}})");
   try {
     gf_startStandinSimulator({"--scenario", (dir / "bad.json").string()});

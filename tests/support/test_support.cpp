@@ -44,14 +44,30 @@ AppDataOverride::AppDataOverride() {
     previous_ = v;
     hadPrevious_ = true;
   }
-  ::setenv("ORVANE_APPDATA", dir_.path().c_str(), 1);
+  setEnv("ORVANE_APPDATA", dir_.path().string());
 }
 
 AppDataOverride::~AppDataOverride() {
   if (hadPrevious_)
-    ::setenv("ORVANE_APPDATA", previous_.c_str(), 1);
+    setEnv("ORVANE_APPDATA", previous_);
   else
-    ::unsetenv("ORVANE_APPDATA");
+    unsetEnv("ORVANE_APPDATA");
+}
+
+void setEnv(const char* name, const std::string& value) {
+#if defined(_WIN32)
+  _putenv_s(name, value.c_str());
+#else
+  ::setenv(name, value.c_str(), 1);
+#endif
+}
+
+void unsetEnv(const char* name) {
+#if defined(_WIN32)
+  _putenv_s(name, "");  // an empty value removes the variable
+#else
+  ::unsetenv(name);
+#endif
 }
 
 std::string readFile(const fs::path& file) {

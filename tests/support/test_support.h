@@ -54,6 +54,10 @@ class AppDataOverride {
 // test. Each test folder defines it in its run_state_fixture.cpp.
 void resetRunState();
 
+// Environment variables of this process, on POSIX and on Windows alike.
+void setEnv(const char* name, const std::string& value);
+void unsetEnv(const char* name);
+
 std::string readFile(const std::filesystem::path& file);
 void writeFile(const std::filesystem::path& file, std::string_view bytes);
 

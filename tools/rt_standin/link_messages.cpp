@@ -5,8 +5,8 @@
 
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <cmath>
-#include <ctime>
 #include <numbers>
 
 namespace orv::standin {
@@ -68,13 +68,18 @@ std::string describePosition(const UserPosition& p) {
 }
 
 std::string describeSimTime(std::int64_t milliseconds) {
-  const std::int64_t seconds = milliseconds >= 0 ? milliseconds / 1000 : (milliseconds - 999) / 1000;
-  const auto rest = static_cast<int>(milliseconds - seconds * 1000);
-  const auto t = static_cast<std::time_t>(seconds);
-  std::tm parts{};
-  if (!gmtime_r(&t, &parts)) return fmt::format("{} ms (not a date)", milliseconds);
-  return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}.{:03} UTC", parts.tm_year + 1900, parts.tm_mon + 1,
-                     parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec, rest);
+  // The civil calendar of <chrono>, not gmtime: Windows' C library knows no time before 1970.
+  using namespace std::chrono;
+  // Beyond ±10^7 days (about 27 000 years) the calendar's year would overflow.
+  constexpr std::int64_t kLimit = 10'000'000LL * 86'400'000LL;
+  if (milliseconds > kLimit || milliseconds < -kLimit) return fmt::format("{} ms (not a date)", milliseconds);
+  const sys_time<std::chrono::milliseconds> t{std::chrono::milliseconds{milliseconds}};
+  const sys_days day = floor<days>(t);
+  const year_month_day date{day};
+  const hh_mm_ss<std::chrono::milliseconds> time{t - day};
+  return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}.{:03} UTC", static_cast<int>(date.year()),
+                     static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()), time.hours().count(),
+                     time.minutes().count(), time.seconds().count(), time.subseconds().count());
 }
 
 void feedBytes(LineSplitter& splitter, std::string_view bytes) { splitter.pending.append(bytes); }
