@@ -4,12 +4,12 @@
 // miles, knots, feet per minute, radians for attitude, ticks of 10 ms for time.
 #include <cmath>
 #include <cstdint>
-#include <deque>
 #include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "engine/sample_ring.h"
 #include "foundation/day_and_slot.h"
 #include "foundation/fixed_code.h"
 #include "refdata/ac_code.h"
@@ -120,7 +120,7 @@ struct LiveAc : AcRecord {
   double alt = 0;
   double outVs = 0;
   double outTas = 0;
-  std::deque<Sample> stream;
+  Ring<Sample> stream;
   double lastTimestamp = 0;
   double checkedLat = 0, checkedLon = 0;
   std::int64_t parkedTime = 0;
