@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Fuzzes the readers of outside input with libFuzzer, under the address and undefined-behaviour
 # sanitizers (targets and corpora in fuzz/, see fuzz/README.md).
-#   tools/fuzz.sh NAME SECONDS   fuzzes the target NAME (fuzz/NAME_fuzz.cpp) for SECONDS
+#   tools/fuzz.sh NAME SECONDS   fuzzes the target NAME (fuzz/NAME_fuzz.cpp) for SECONDS, or until
+#                                ten million executions, whichever comes first
 #   tools/fuzz.sh all SECONDS    every target in turn, SECONDS each
 #   tools/fuzz.sh list           the names of the targets
 # Builds with Debian's clang in build-fuzz/ (installed when missing). The seeds in fuzz/corpus/NAME
@@ -58,7 +59,7 @@ for name in "${selected[@]}"; do
   work="$build/corpus/$name"
   findings="$build/findings/$name"
   mkdir -p "$work" "$findings"
-  options=(-max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1
+  options=(-max_total_time="$seconds" -runs=10000000 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1
     -artifact_prefix="$PWD/$findings/")
   [ -f "fuzz/$name.dict" ] && options+=(-dict="fuzz/$name.dict")
   log="$build/findings/$name.log"

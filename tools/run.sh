@@ -16,7 +16,7 @@ rm -f build/download_site.port
 build/tools/download_site/download_site --root build/download_site --port-file build/download_site.port \
   >build/download_site.log &
 site=$!
-build/tools/rt_standin/rt_standin --no-link --play tests/data/recordings/eddf_midday.txt --loop >/dev/null &
+build/tools/rt_standin/rt_standin --no-link --play tests/data/recordings/eddf_midday.txt >/dev/null &
 standin=$!
 trap 'kill $standin $site 2>/dev/null || true' EXIT
 for _ in $(seq 50); do [ -f build/download_site.port ] && break; sleep 0.1; done

@@ -14,7 +14,7 @@ deps=$root/build-win-deps
 build=$root/build-win
 triple=x86_64-w64-mingw32
 jobs=2
-smoke_seconds=40
+smoke_seconds=60
 
 mode=all
 case "${1:-}" in
@@ -251,6 +251,11 @@ smoke_run() {
   log "Smoke run: Orvane.exe under Wine for $smoke_seconds s"
   local work=$build/smoke
   stage_package "$work"
+  # The livery catalogue and the titles the stand-in knows, as a scan would have left them, so that
+  # the recorded traffic becomes aircraft.
+  mkdir -p "$work/output"
+  cp build/output/LiveriesScanned.xml "$work/output/"
+  cp build/input/standin_titles.json "$work/input/"
   # RealTraffic counts as installed when its jar is in the AppData folder: the link then runs.
   mkdir -p "$work/appdata/InsideSystems"
   touch "$work/appdata/InsideSystems/RealTraffic.jar"
@@ -269,11 +274,14 @@ smoke_run() {
   # line logged, and the first report's time taken (else the run logs "No traffic ...").
   local expected=("ICAO model codes" "dbase records read" "SimConnect served by the stand-in simulator"
     "MSFS 2020 (11.0.282174.999) connected" "RealTraffic connected" "QNH Reader connected"
-    "Traffic Reader connected" "exception in processLineSub: " "Exiting: USER CLOSED SIM")
+    "Traffic Reader connected" "exception in processLineSub: " "liveries read from output/LiveriesScanned.xml"
+    "Exiting: USER CLOSED SIM")
   for text in "${expected[@]}"; do
     if ! grep -qF "$text" "$work/Log.txt"; then echo "Log.txt lacks: $text" >&2; failed=1; fi
   done
   if grep -qF "No traffic in this region?" "$work/Log.txt"; then echo "No traffic was decoded" >&2; failed=1; fi
+  # A spawned aircraft's line ends with the step of its livery match and its title.
+  if ! grep -qE " =[0-9]= " "$work/Log.txt"; then echo "No aircraft was spawned" >&2; failed=1; fi
   # The link is ours (the ports are the standard ones): rt_standin saw its requests.
   for text in "Qs999 version request: replied" "Qs121 position" "exit: Orvane is closing down"; do
     if ! grep -qF "$text" "$build/smoke-rt_standin.txt"; then echo "rt_standin did not see: $text" >&2; failed=1; fi

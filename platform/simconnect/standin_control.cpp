@@ -65,6 +65,13 @@ void start(Clock clock) {
   requireStopped(w, "start");
   joinClockThread(w, lock);
   buildWorld(w);
+  if (!w.scenario.traceFile.empty()) {
+    // The scenario's trace may go to a folder that a fresh working folder lacks yet.
+    const std::filesystem::path file = w.scenario.traceFile;
+    std::error_code ec;
+    if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path(), ec);
+    openTrace(w.trace, file, w.scenario.traceEveryFrames);
+  }
   w.up = true;
   w.clock = clock;
   if (clock == Clock::RealTime) startClockThread(w);

@@ -444,7 +444,8 @@ Scenario parseScenario(std::string_view text, std::string_view origin) {
               {"simulator", "applicationName", "applicationVersion", "simConnectVersion", "frameRate", "zuluStart",
                "terrainElevationFt", "airportTerrainRadiusNm", "user", "firstObjectId", "maxAiObjects", "createDelayFrames",
                "objectAddedDelayFrames", "removeDelayFrames", "simEventOnSubscribe", "inFlight", "paused",
-               "acceptAnyTitle", "titles", "installedTitlesFile", "models", "airports", "events"});
+               "acceptAnyTitle", "titles", "installedTitlesFile", "models", "airports", "events", "traceFile",
+               "traceEveryFrames"});
   Scenario s = defaultScenario();
   s.origin = std::string(origin);
   if (r.integer(j, "", "simulator", s.simulator, 0, 9999)) {
@@ -493,6 +494,8 @@ Scenario parseScenario(std::string_view text, std::string_view origin) {
     std::stable_sort(s.events.begin(), s.events.end(),
                      [](const ScriptedEvent& a, const ScriptedEvent& b) { return a.at < b.at; });
   }
+  r.text(j, "", "traceFile", s.traceFile);
+  r.integer(j, "", "traceEveryFrames", s.traceEveryFrames, 1, 100000);
   return s;
 }
 

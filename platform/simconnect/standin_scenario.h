@@ -115,6 +115,8 @@ struct Scenario {
   std::map<std::string, ModelStatics> models;  // by ATC model, before the built-in table
   std::vector<AirportEntry> airports;
   std::vector<ScriptedEvent> events;  // sorted by time, stable
+  std::string traceFile;              // not empty: traced from the start, every traceEveryFrames frames
+  int traceEveryFrames = 30;
 };
 
 // The scenario with every default filled in, as loaded from empty JSON "{}".

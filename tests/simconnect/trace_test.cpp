@@ -1,6 +1,8 @@
 // The CSV trace of the stand-in, line by line as a later analysis reads it.
 #include <fmt/format.h>
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <sstream>
 
@@ -39,6 +41,26 @@ TEST_F(TraceTest, EveryObjectIsWrittenEveryNthFrame) {
                                  id));
 
   EXPECT_THROW(standin::startTrace(dir / "no" / "such" / "folder.csv"), std::runtime_error);
+}
+
+// A scenario that names a trace has it from the first frame, in a folder made for it.
+TEST_F(TraceTest, AScenarioTracesFromItsStart) {
+  try {
+    standin::loadScenarioText(R"({"traceEveryFrames": 0})", "t.json");
+    ADD_FAILURE() << "a trace needs at least every frame";
+  } catch (const std::exception& e) {
+    EXPECT_NE(std::string(e.what()).find("traceEveryFrames"), std::string::npos) << e.what();
+  }
+  TempDir dir;
+  const auto file = dir / "output" / "trace.csv";
+  startWith(fmt::format(R"({{"traceFile": {}, "traceEveryFrames": 3}})", nlohmann::json(file.string()).dump()));
+  standin::advanceFrames(7);
+  standin::stopTrace();
+  std::istringstream in(readFile(file));
+  std::vector<std::string> rows;
+  for (std::string line; std::getline(in, line);) rows.push_back(line);
+  ASSERT_EQ(rows.size(), 3u) << "header, frames 3 and 6 with the user alone";
+  EXPECT_EQ(rows[2].rfind(fmt::format("0.200,6,{},", standin::userObjectId()), 0), 0u) << rows[2];
 }
 
 }  // namespace
