@@ -70,7 +70,8 @@ bool gf_endsWithXml(std::string_view name) {
 std::filesystem::path gf_localPath(std::string_view text) {
   std::string generic(text);
   std::replace(generic.begin(), generic.end(), '\\', '/');
-  return std::filesystem::path(generic);
+  // Shown to the user as this system writes paths.
+  return std::filesystem::path(generic).make_preferred();
 }
 
 bool gf_isLocalAirportFile(std::string_view xmlName) { return xmlName.starts_with(kAirportsFolder); }

@@ -132,7 +132,7 @@ TEST_F(AirportLoadTest, AFirstVisitSetsUpForWhatTheFileKnows) {
 TEST_F(AirportLoadTest, ALearnedFileAddsWhatWasLearned) {
   putLearned("12.5.4");
   EXPECT_EQ(load(), "");
-  EXPECT_TRUE(logged("Read from learned airport file: 'airports/learned/stock/EHAM.xml'"));
+  EXPECT_TRUE(logged("Read from learned airport file: '" + shown(kLearned) + "'"));
   // Radius and cargo changes.
   EXPECT_DOUBLE_EQ(stand("D2").radius, 19.0 * kNmPerMetre);
   EXPECT_TRUE(stand("D2").radiusChange);
@@ -206,9 +206,9 @@ TEST_F(AirportLoadTest, WhatALearnedFileGetsWrongIsToldAndPassedOver) {
       R"(<parkpos id="D4"><opt reg="D-AIBA" airl="DLH" type="A320" day="2" hh="23:25" cs="DLH2AB"/><opt day="1" hh="x" reg="D-AIBA"/></parkpos>)";
   put(kLearned, airportXml(R"(<parameter name="airport_name" value="Schiphol"/>)", stands2));
   EXPECT_EQ(load(), "");
-  EXPECT_TRUE(logged("manually created standid D4 already exists in airports/learned/stock/EHAM.xml"));
-  EXPECT_TRUE(logged("manually created standid M2 misses correct attributes in airports/learned/stock/EHAM.xml"));
-  EXPECT_TRUE(logged("learned stand Q9 in airports/learned/stock/EHAM.xml not found?"));
+  EXPECT_TRUE(logged("manually created standid D4 already exists in " + shown(kLearned)));
+  EXPECT_TRUE(logged("manually created standid M2 misses correct attributes in " + shown(kLearned)));
+  EXPECT_TRUE(logged("learned stand Q9 in " + shown(kLearned) + " not found?"));
   EXPECT_TRUE(logged("learned D4: day:2 23:25 DLH     A320     cs:DLH2AB reg:D-AIBA already in airport file"));
   EXPECT_TRUE(logged("empty bit set"));
   EXPECT_TRUE(
@@ -224,9 +224,7 @@ TEST_F(AirportLoadTest, ADamagedLearnedFileIsKeptAsAGenerationAndTheArchivedFile
   EXPECT_EQ(stands.size(), 5u);
   EXPECT_TRUE(has("airports/learned/stock/EHAM0.xml"));
   EXPECT_EQ(readFile(work / "airports/learned/stock/EHAM0.xml"), "<root><parameters><parameter name=");
-  EXPECT_EQ(gf_messageArea().messageText.rfind("airports/learned/stock/EHAM.xml found, but could not be loaded, saved "
-                                               "as *.0.xml: ",
-                                               0),
+  EXPECT_EQ(gf_messageArea().messageText.rfind(shown(kLearned) + " found, but could not be loaded, saved as *.0.xml: ", 0),
             0u)
       << gf_messageArea().messageText;
 

@@ -1,6 +1,8 @@
 // The installed titles of a scenario: read from a file of the data build, only they can be created.
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "platform/simconnect/standin_control.h"
 #include "platform/simconnect/standin_installed_titles.h"
 #include "test_support.h"
@@ -9,7 +11,8 @@ namespace orv::test {
 namespace {
 
 std::string scenarioWith(const std::filesystem::path& file) {
-  return R"({"acceptAnyTitle": true, "titles": ["Scenario Title"], "installedTitlesFile": ")" + file.string() + "\"}";
+  return R"({"acceptAnyTitle": true, "titles": ["Scenario Title"], "installedTitlesFile": )" +
+         nlohmann::json(file.string()).dump() + "}";
 }
 
 TEST(InstalledTitles, AFileOfTitlesIsAllThatCanBeCreatedAndWithoutItTheScenarioStands) {

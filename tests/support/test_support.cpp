@@ -70,6 +70,10 @@ void unsetEnv(const char* name) {
 #endif
 }
 
+std::string shown(std::string_view genericPath) {
+  return std::filesystem::path(genericPath).make_preferred().string();
+}
+
 std::string readFile(const fs::path& file) {
   std::ifstream in(file, std::ios::binary);
   std::ostringstream s;

@@ -58,6 +58,9 @@ void resetRunState();
 void setEnv(const char* name, const std::string& value);
 void unsetEnv(const char* name);
 
+// A path written with '/' as the program shows it on this system.
+std::string shown(std::string_view genericPath);
+
 std::string readFile(const std::filesystem::path& file);
 void writeFile(const std::filesystem::path& file, std::string_view bytes);
 
