@@ -11,6 +11,12 @@ TEST(StandinLaunch, DefaultScenarioOrTheFileOfTheOption) {
   LogCapture log;
   standin::reset();
   TempDir dir;
+  // The default scenario keeps its trace in the working folder's output/.
+  struct InFolder {
+    std::filesystem::path previous = std::filesystem::current_path();
+    explicit InFolder(const std::filesystem::path& folder) { std::filesystem::current_path(folder); }
+    ~InFolder() { std::filesystem::current_path(previous); }
+  } inDir(dir.path());
 #if defined(_WIN32)
   // Without SimConnect.dll the stand-in serves only on request, and the log says where the
   // library was looked for.
@@ -41,6 +47,8 @@ TEST(StandinLaunch, DefaultScenarioOrTheFileOfTheOption) {
   EXPECT_EQ(standin::objects().front().title, "Airbus A320 Neo Asobo");
   EXPECT_NEAR(standin::objects().front().latitude, 50.05, 0.01) << "parked at Frankfurt";
   gf_stopStandinSimulator();
+  standin::stopTrace();
+  EXPECT_EQ(readFile(dir / "output" / "standin_trace.csv").rfind("time_s,frame,object_id,", 0), 0u);
 
   writeFile(dir / "bad.json", R"({"user": {"latitude": "north"}})");
   try {
