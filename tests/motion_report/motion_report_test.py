@@ -215,6 +215,32 @@ class MotionReport(unittest.TestCase):
         self.assertEqual([(c["stand"], c["callsigns"]) for c in report["stand_conflicts"]], [(None, ["CFG1", "EWG2"])])
         self.assertFalse(os.path.exists(os.path.join(self.tmp.name, "given", "map.png")))
 
+    def test_layout_files(self):
+        sys.path.insert(0, os.path.join(ROOT, "tools", "motion_report"))
+        import airport_layout
+
+        layout = airport_layout.read_layout(self.parking, self.runways)
+        self.assertEqual([(s.name, s.radius_m, s.heading) for s in layout.stands], [("A1", 25.0, 270.0),
+                                                                                   ("A2", 30.0, 180.0)])
+        self.assertAlmostEqual(layout.stands[1].lat, lat_lon(300, 200)[0], places=6)
+        self.assertEqual(sorted(layout.nodes), ["0", "1", "10", "11"], "stands are nodes of the network too")
+        self.assertEqual([(e.begin, e.end, e.pushback) for e in layout.edges], [("10", "11", False),
+                                                                                ("11", "1", True)])
+        (rw,) = layout.runways
+        self.assertEqual(([e.name for e in rw.ends], rw.width_m), (["27", "09"], 45.0))
+        self.assertAlmostEqual(rw.ends[1].lon, lat_lon(1500, 0)[1], places=7)
+        as_json = os.path.join(self.tmp.name, "runways.json")
+        with open(as_json, "w") as f:
+            json.dump({"runways": [{"width_m": 60, "ends": [{"name": "07", "lat": 50.0, "lon": 8.5},
+                                                            {"name": "25", "lat": 50.01, "lon": 8.55}]}]}, f)
+        (rw,) = airport_layout.read_runways(as_json)
+        self.assertEqual((rw.ends[1], rw.width_m), (("25", 50.01, 8.55), 60.0))
+        short = os.path.join(self.tmp.name, "short.dat")
+        with open(short, "w") as f:
+            f.write("100 45.00 1 0 0.25 1 2 1 27 50.0 8.5\n")
+        with self.assertRaisesRegex(ValueError, "short.dat: line 1: a runway line has 20 or more fields"):
+            airport_layout.read_runways(short)
+
     def test_mistakes_are_named(self):
         bad = os.path.join(self.tmp.name, "bad.csv")
         with open(bad, "w") as f:
@@ -226,6 +252,12 @@ class MotionReport(unittest.TestCase):
         self.assertIn("bad.csv: no column longitude, altitude_ft, gs_kt, track_deg, on_ground", result.stderr)
         result, _, _ = self.run_report("--class", "DLH4", out="bad2")
         self.assertIn("--class DLH4: CALLSIGN=CLASS or CALLSIGN=MODEL", result.stderr)
+        broken = os.path.join(self.tmp.name, "broken.xml")
+        with open(broken, "w") as f:
+            f.write("<groundnet><parkingList>")
+        result, _, _ = self.run_report("--parking", broken, out="bad3")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("motion_report: no element found: line 1", result.stderr)
 
 
 if __name__ == "__main__":

@@ -110,7 +110,7 @@ def main(argv=None):
         true_paths = read_true_paths(args.true_paths) if args.true_paths else None
         layout = read_layout(args.parking, args.runways)
         aircraft, conflicts, start, end = analyse(args.trace, true_paths, layout, finder, args.delay)
-    except (OSError, ValueError, KeyError) as e:
+    except (OSError, ValueError, KeyError, SyntaxError) as e:  # SyntaxError: XML that does not parse
         raise SystemExit(f"motion_report: {e}") from None
     report = report_of(args.trace, aircraft, conflicts, start, end, args.delay)
     out = args.out or os.path.join(os.path.dirname(os.path.abspath(args.trace)), "motion_report")
