@@ -9,7 +9,7 @@ packages=(
   libfmt-dev libpugixml-dev nlohmann-json3-dev
   libsodium-dev libcurl4-openssl-dev libzip-dev libcpp-httplib-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  python3
+  python3 python3-cairo
   "$@"
 )
 
