@@ -7,5 +7,6 @@ void nextPosGround(LiveAc&) {}
 void lf_groundStep(LiveAc&) {}
 void lf_timeGroundLeg(LiveAc&) {}
 void lf_prepareTakeOff(LiveAc&) {}
+void drive2Stand(LiveAc&, const Stand&) {}
 
 }  // namespace orv

@@ -4,6 +4,10 @@
 #include "engine/live_aircraft.h"
 
 namespace orv {
+struct Stand;
+}
+
+namespace orv {
 
 // Once per leg on the ground: the due time of stream[1].
 void nextPosGround(LiveAc& ac);
@@ -13,5 +17,7 @@ void lf_groundStep(LiveAc& ac);
 void lf_timeGroundLeg(LiveAc& ac);
 // The reports show a take-off: the take-off configuration and the roll.
 void lf_prepareTakeOff(LiveAc& ac);
+// The last legs onto a stand: to its position at taxi speed, then stopped there.
+void drive2Stand(LiveAc& ac, const Stand& stand);
 
 }  // namespace orv

@@ -16,6 +16,7 @@ void lf_clearLiveAtStand(std::int32_t) {}
 void lf_onLiveParksAtStand(LiveAc&) {}
 
 std::optional<SpawnStand> lf_standAtSpawn(LiveAc&) { return std::nullopt; }
+void try2Park(LiveAc&, bool) {}
 void lf_removeGhostOf(std::string_view) {}
 bool lf_hasGhostOwner(std::string_view) { return false; }
 bool lf_insideUserAirEnvelope(const LiveAc&, LatLon) { return false; }

@@ -40,6 +40,9 @@ struct SpawnStand {
   std::uint8_t cargo = 0;
 };
 std::optional<SpawnStand> lf_standAtSpawn(LiveAc& ac);
+// An aircraft at the end of its taxi looks for a stand within 20 m of the end of its stream
+// (55 m when `wide`), and drives onto it.
+void try2Park(LiveAc& ac, bool wide);
 // A plain callsign reaches the simulator: the ghost of it (callsign with a trailing `_`) goes.
 void lf_removeGhostOf(std::string_view cs);
 // True when the plain callsign that this ghost stands for is live.
