@@ -7,10 +7,12 @@
 
 #include "app/run.h"
 #include "app/run_stage.h"
+#include "engine/aircraft_removal.h"
 #include "engine/engine_step.h"
 #include "engine/engine_tables.h"
 #include "engine/engine_tick.h"
 #include "engine/object_id_list.h"
+#include "engine/reserved_stand.h"
 #include "engine/stand_contention.h"
 #include "engine/traffic_queue.h"
 #include "feed/feed_status.h"
@@ -95,7 +97,7 @@ void lf_advanceStaticUpdate() {
 struct SecondWork {
   bool parking = false;           // the periodic parking step
   bool feedStatus = false;        // refresh of the feed status display
-  bool removeStaticTwin = false;  // a static aircraft that doubles a live parked one
+  bool removeStaticTwin = false;  // a static aircraft that doubles a live one: multiples of 61 off the 5 s beat
   bool fiveSecond = false;        // user position to the feed, simulator time, reserved stand, re-read
   bool staticUpdate = false;      // the next phase of an announced static update
   bool every30 = false;
@@ -161,11 +163,11 @@ bool lf_tick() {
   const SecondWork w = lf_secondWork(gv_seconds, gv_staticUpdateSecondPhase);
   if (w.parking) lf_periodicParking();
   if (w.feedStatus) lf_feedStatus();
-  if (w.removeStaticTwin) lf_removeStaticTwinOfLive();
+  if (w.removeStaticTwin) lf_sweepStaticTwins();
   if (w.fiveSecond) {
     lf_copyUserPositionToFeed();
     if (gv_rtProf.load()) lf_sendSimTime(gv_simEpoch.load());
-    lf_removeFromReservedStand();
+    if (!gReservedStand.empty()) lf_keepStandFree(gReservedStand);
     lf_runRereadRequest();
   }
   if (w.staticUpdate) {
@@ -213,9 +215,14 @@ void lf_everySecond() {
   if (!gRouteQueue.empty()) {
     const std::uint32_t hexid = gRouteQueue.front();
     gRouteQueue.pop_front();
-    const int i = gf_findLiveAc(hexid);
-    if (i >= 0 && gLiveAc[static_cast<std::size_t>(i)].routeLooked == 0) lf_lookUpFlight(hexid);
-    lf_dropStaticTwin(hexid);
+    if (const int i = gf_findLiveAc(hexid); i >= 0) {
+      LiveAc& ac = gLiveAc[static_cast<std::size_t>(i)];
+      if (ac.routeLooked == 0) {
+        lf_lookUpFlight(gv_dayAndSlot.load(), ac);
+        ac.routeLooked = 1;
+      }
+      lf_dropStaticTwin(ac);
+    }
   }
   if (gv_reqShowObjectId.load()) {
     const int i = lf_findLiveInSimByCallsign(CALLSIGN_2_OBJECTID.value);
@@ -247,8 +254,8 @@ void lf_everySecond() {
   }
   if (COLLISION_LIVE_PARKED_GND.value) lf_collisionLiveParked();
   if (gv_reqBlockCallsign.load()) {
-    if (!BLOCK_CALLSIGN.value.empty() && lf_findLiveInSimByCallsign(BLOCK_CALLSIGN.value) >= 0)
-      lf_removeLiveByCallsign(BLOCK_CALLSIGN.value.c_str());
+    const int i = BLOCK_CALLSIGN.value.empty() ? -1 : lf_findLiveInSimByCallsign(BLOCK_CALLSIGN.value);
+    if (i >= 0) removeAircraftFromSim(gLiveAc[static_cast<std::size_t>(i)]);
     gv_reqBlockCallsign = false;
   }
   if (gv_staticUpdateRunning.load()) gf_window().invalidate(Band::ParkAirport);

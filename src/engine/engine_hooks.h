@@ -1,6 +1,7 @@
 #pragma once
 // What the engine step asks of subsystems that stand above it and that it must not name.
 #include <cstdint>
+#include <string>
 
 #include "foundation/hook.h"
 
@@ -23,5 +24,10 @@ inline constinit Hook<LiveAc&> gv_learnStandCargo;
 inline constinit Hook<std::int32_t, LiveAc&, int> gv_addRealStandOption;
 // Max park is checked again: one more live aircraft stands at the park airport.
 inline constinit Hook<int> gv_maxParkCheck;
+// The id of the stand that the user stands on at (lat, lon) into the text, left empty when the
+// user stands at none; airport parking answers it.
+inline constinit Hook<double, double, std::string&> gv_userStandAt;
+// A stand's radius was learned from a live aircraft: one more learned update to save and show.
+inline constinit Hook<> gv_countLearnedUpdate;
 
 }  // namespace orv

@@ -4,7 +4,9 @@
 
 #include "engine/engine_tick.h"
 #include "engine/position_exchange.h"
+#include "engine/reserved_stand.h"
 #include "engine/sim_notice_queue.h"
+#include "engine/stand_contention.h"
 #include "engine/traffic_queue.h"
 
 namespace orv {
@@ -41,6 +43,8 @@ void gf_clearEngineTables() {
 void gf_resetEngine() {
   gf_clearEngineTables();
   gv_tick = 0;
+  gReservedStand.clear();
+  lf_resetCollisionState();
 }
 
 int gf_findLiveAc(std::uint32_t hexid) {

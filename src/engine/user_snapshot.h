@@ -27,6 +27,9 @@ static_assert(sizeof(UserBlock) == 112, "laid out as the simulator sends it");
 inline UserBlock gUserSnapshot;
 // Written by the SimClient thread at each ground/air data block.
 inline std::atomic<bool> gv_userOnGround{false};
+// Half wing span of the user aircraft in nautical miles; 0 until the model reply has come.
+// Written by the SimClient thread, read by the collision steps.
+inline std::atomic<double> gv_userHalfWingSpan{0.0};
 
 // True when the position is known at all: away from 0,0.
 inline bool gf_userPositionKnown(double lat, double lon) {

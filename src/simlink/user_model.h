@@ -5,14 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include "engine/user_snapshot.h"  // gv_userHalfWingSpan
+
 namespace orv {
 
 // The title of the user aircraft, at most 48 bytes. SimClient thread only.
 inline std::string gUserTitle;
 inline constexpr std::size_t kMaxTitleBytes = 48;
-
-// Half wing span of the user aircraft in nautical miles; 0 until the model reply has come.
-inline std::atomic<double> gv_userHalfWingSpan{0.0};
 
 // Replies to the title and model requests, on the SimClient thread.
 void lf_onUserTitle(std::string_view text);
