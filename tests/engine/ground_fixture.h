@@ -11,7 +11,8 @@
 
 namespace orv::test {
 
-inline constexpr double kDeg = 1.0 / 57.29577951308232;
+inline constexpr double kPi = 3.14159265358979323846;
+inline constexpr double kDeg = kPi / 180.0;
 inline constexpr double kMetre = 1.0 / 1852.0;  // in nautical miles
 
 // What the learning of stand use was told: stand number and mode.
