@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "engine/ac_class.h"
+#include "engine/ground_curve.h"
+#include "engine/landing.h"
 #include "engine/sim_port.h"
 
 namespace orv {
@@ -12,8 +14,8 @@ namespace {
 constexpr double kPi = 3.14159265358979323846;
 constexpr double kHalfDegree = 0.5 / kDegreesPerRadian;
 constexpr double kFlarePitchFloor = -0.06981317007977318;  // -4 degrees
-
-bool lf_curveInForce(const LiveAc& ac) { return !std::isnan(ac.curveT0) && !std::isnan(ac.curveT1); }
+// Below this height above ground on the approach the flare stages are watched.
+constexpr double kFlareHeight = 400;
 
 void lf_turnToTarget(LiveAc& ac) {
   double d = ac.targetHeading - ac.heading;
@@ -52,9 +54,6 @@ void lf_takeOffStep(LiveAc& ac) {
   }
   if (ac.stageCount < -1000) ac.stageCount = -1000;
 }
-
-// The curve of a ground leg; it comes with the ground motion.
-void lf_followCurve(LiveAc&) {}
 
 }  // namespace
 
@@ -101,11 +100,13 @@ void lf_motionStep(LiveAc& ac) {
       ac.lon += ac.stepLon;
     }
   }
+  if (ac.flightState != kTakeOff && ac.agl <= kFlareHeight && ac.approach && !ac.onGround) lf_flareStep(ac);
   if (ac.flightState == kTakeOff) {
     lf_takeOffStep(ac);
   } else if (ac.derotating) {
     ac.pitch += ac.stepPitch;
-    if (ac.pitch > ac.staticPitch) {
+    // Reaching the static pitch ends it too: a touch-down before the flare has no pitch to lower.
+    if (ac.pitch >= ac.staticPitch) {
       ac.pitch = ac.staticPitch;
       ac.stepPitch = ac.bank = ac.stepBank = 0;
       ac.derotating = 0;

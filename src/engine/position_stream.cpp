@@ -11,6 +11,7 @@
 #include "engine/engine_tables.h"
 #include "engine/engine_tick.h"
 #include "engine/geodesy.h"
+#include "engine/ground_curve.h"
 #include "engine/ground_motion.h"
 #include "engine/park_airport_site.h"
 #include "engine/sim_port.h"
@@ -202,7 +203,7 @@ std::int32_t lf_legTicks(const LiveAc& ac) {
 }
 
 void lf_nextPos(LiveAc& ac) {
-  ac.curveT0 = ac.curveT1 = std::numeric_limits<double>::quiet_NaN();
+  lf_clearCurve(ac);
   ac.curveT = 0;
   Sample& s0 = ac.stream[0];
   Sample& s1 = ac.stream[1];

@@ -6,6 +6,7 @@
 #include "engine/aircraft_removal.h"
 #include "engine/arrival.h"
 #include "engine/engine_tables.h"
+#include "engine/landing.h"
 #include "engine/sim_port.h"
 #include "engine/stand_contention.h"
 #include "foundation/day_and_slot.h"

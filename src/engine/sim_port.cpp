@@ -15,6 +15,7 @@ class UnboundPort final : public SimPort {
   void setThrottle(AcRecord&, std::int32_t) override {}
   void setSpoilers(AcRecord&, bool) override {}
   void setGear(AcRecord&, bool) override {}
+  void setLevers(std::uint32_t, double, double, double) override {}
   void queueCreate(const AddRequest&) override {}
   void queueRemove(std::uint32_t) override {}
   void setFlightPlan(LiveAc&) override {}

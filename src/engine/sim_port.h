@@ -22,6 +22,8 @@ class SimPort {
   virtual void setThrottle(AcRecord& ac, std::int32_t index) = 0;
   virtual void setSpoilers(AcRecord& ac, bool on) = 0;
   virtual void setGear(AcRecord& ac, bool down) = 0;
+  // Spoilers handle and both throttle levers in percent (-100 is full reverse), written at once.
+  virtual void setLevers(std::uint32_t objectid, double spoilers, double throttle1, double throttle2) = 0;
   virtual void queueCreate(const AddRequest& request) = 0;
   virtual void queueRemove(std::uint32_t objectid) = 0;
   virtual void setFlightPlan(LiveAc& ac) = 0;

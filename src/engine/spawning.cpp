@@ -87,12 +87,6 @@ bool lf_chooseTitle(LiveAc& ac) {
   return true;
 }
 
-std::int64_t lf_systemTicks() {
-  // 100 ns units, as the parked time is kept.
-  return std::chrono::duration_cast<std::chrono::duration<std::int64_t, std::ratio<1, 10000000>>>(
-             std::chrono::system_clock::now().time_since_epoch())
-      .count();
-}
 
 // Spawned on the ground: parked at a stand, or taxiing; false when it stands nowhere.
 bool lf_placeOnGround(LiveAc& ac) {
@@ -268,6 +262,13 @@ void lf_initPose(LiveAc& ac) {
   }
   if (ac.heading > 6.283185307178586) ac.heading = 0;
   ac.stepHeading = 0;
+}
+
+std::int64_t lf_systemTicks() {
+  // 100 ns units, as the parked time is kept.
+  return std::chrono::duration_cast<std::chrono::duration<std::int64_t, std::ratio<1, 10000000>>>(
+             std::chrono::system_clock::now().time_since_epoch())
+      .count();
 }
 
 }  // namespace orv

@@ -1,6 +1,8 @@
 #pragma once
 // From the buffer into the simulator: the gates a buffered aircraft must pass when its first
 // sample is due, the livery it is created with and the pose it starts in.
+#include <cstdint>
+
 #include "engine/live_aircraft.h"
 
 namespace orv {
@@ -18,5 +20,7 @@ bool lf_holdForUser(LiveAc& ac);
 void spawnLiveAc(LiveAc& ac);
 // Position, attitude and heading at creation, from the first samples.
 void lf_initPose(LiveAc& ac);
+// The present time in 100 ns units, as the parked time is kept.
+std::int64_t lf_systemTicks();
 
 }  // namespace orv

@@ -24,6 +24,9 @@ class SimLinkPort final : public SimPort {
   void setThrottle(AcRecord& ac, std::int32_t index) override { gf_setThrottle(ac, index); }
   void setSpoilers(AcRecord& ac, bool on) override { gf_setSpoilers(ac, on); }
   void setGear(AcRecord& ac, bool down) override { gf_setGear(ac, down); }
+  void setLevers(std::uint32_t objectid, double spoilers, double throttle1, double throttle2) override {
+    simSetLevers(objectid, spoilers, throttle1, throttle2);
+  }
   void queueCreate(const AddRequest& request) override { simQueueCreate(request); }
   void queueRemove(std::uint32_t objectid) override { simQueueRemove(objectid); }
   void setFlightPlan(LiveAc& ac) override { gf_setFlightPlan(ac); }

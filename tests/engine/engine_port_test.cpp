@@ -27,6 +27,7 @@ class RecordingPort final : public SimPort {
   void setThrottle(AcRecord&, std::int32_t) override { calls.push_back("setThrottle"); }
   void setSpoilers(AcRecord&, bool) override { calls.push_back("setSpoilers"); }
   void setGear(AcRecord&, bool) override { calls.push_back("setGear"); }
+  void setLevers(std::uint32_t, double, double, double) override { calls.push_back("setLevers"); }
   void queueCreate(const AddRequest& r) override { calls.push_back(tick("create " + r.callsign)); }
   void queueRemove(std::uint32_t objectid) override { calls.push_back(tick("remove " + std::to_string(objectid))); }
   void setFlightPlan(LiveAc&) override { calls.push_back("setFlightPlan"); }

@@ -37,6 +37,16 @@ void FlightPort::setThrottle(AcRecord& ac, std::int32_t index) {
   calls.push_back({gv_tick.load(), fmt::format("throttle {}", index), 0});
 }
 
+void FlightPort::setSpoilers(AcRecord& ac, bool on) {
+  calls.push_back({gv_tick.load(), fmt::format("spoilers {:d}", on), static_cast<LiveAc&>(ac).alt});
+}
+
+void FlightPort::setLevers(std::uint32_t objectid, double spoilers, double throttle1, double throttle2) {
+  const int i = gf_findLiveAcByObject(objectid);
+  const double alt = i < 0 ? 0 : gLiveAc[static_cast<std::size_t>(i)].alt;
+  calls.push_back({gv_tick.load(), fmt::format("levers {:g} {:g} {:g}", spoilers, throttle1, throttle2), alt});
+}
+
 void FlightPort::queueCreate(const AddRequest& request) {
   creations.push_back(request);
   gSimNotices.post(SimNotice{nextObject_++, request.hexid, kLiveCreated, request.alt, 0});

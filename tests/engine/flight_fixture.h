@@ -36,8 +36,9 @@ class FlightPort final : public SimPort {
   void toggleAllLights(std::uint32_t) override {}
   void setFlaps(AcRecord& ac, std::int32_t index) override;
   void setThrottle(AcRecord& ac, std::int32_t index) override;
-  void setSpoilers(AcRecord&, bool) override {}
+  void setSpoilers(AcRecord& ac, bool on) override;
   void setGear(AcRecord&, bool) override {}
+  void setLevers(std::uint32_t objectid, double spoilers, double throttle1, double throttle2) override;
   void queueCreate(const AddRequest& request) override;
   void queueRemove(std::uint32_t objectid) override;
   void setFlightPlan(LiveAc&) override {}
