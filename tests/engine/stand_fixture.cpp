@@ -25,6 +25,9 @@ LatLon apronAt(double east, double north) {
 double metres(double nm) { return nm * kMetersPerNm; }
 
 void StandTest::SetUp() {
+  // Tests hold references into the tables while they add records.
+  gLiveAc.reserve(512);
+  gParkedAc.reserve(256);
   gStands.clear();
   gParkAirportSite = {};
   gParkAirportSite.chosen = true;
@@ -75,6 +78,7 @@ LiveAc& StandTest::addLive(const std::string& cs, double east, double north, dou
   ac.simState = kActive;
   ac.hwsp = hwspM * kNmPerMetre;
   ac.acClass = acClass;
+  ac.taxiSpeed = 15;  // the drive onto a stand is timed by it
   const LatLon p = apronAt(east, north);
   ac.lat = p.lat;
   ac.lon = p.lon;

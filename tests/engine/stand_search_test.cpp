@@ -196,6 +196,7 @@ TEST_F(StandSearch, Try2ParkHandsTheStandToTheDriveAndCutsTheStream) {
   LiveAc& ac = taxiing("DLH1", 3, 10);
   ac.stream.push_back(ac.stream.back());
   ac.stream.back().lat += 1e-5;
+  const Sample first = ac.stream.front(), reported = ac.stream.back();
   try2Park(ac, false);
   EXPECT_EQ(ac.sid, sid("B7"));
   EXPECT_EQ(ac.flightState, kParking);
@@ -204,7 +205,11 @@ TEST_F(StandSearch, Try2ParkHandsTheStandToTheDriveAndCutsTheStream) {
   EXPECT_DOUBLE_EQ(ac.standLon, s.longitude);
   EXPECT_DOUBLE_EQ(ac.standHeading, 1.25);
   EXPECT_EQ(ac.standCargo, 1);
-  EXPECT_EQ(ac.stream.size(), 1u);
+  // The stream is cut to its first sample; the drive's own legs follow it.
+  EXPECT_DOUBLE_EQ(ac.stream.front().lat, first.lat);
+  for (std::size_t i = 1; i < ac.stream.size(); ++i)
+    EXPECT_FALSE(gf_samePosition({ac.stream[i].lat, ac.stream[i].lon}, {reported.lat, reported.lon}))
+        << "the reports beyond the first are gone";
 }
 
 TEST_F(StandSearch, TheSearchIsNotRepeatedForTheSameReport) {
