@@ -120,7 +120,7 @@ class Path:
         for i in range(n):
             c = cap(self.s[i])
             if self.k[i] > 0:
-                c = min(c, omega / self.k[i])
+                c = min(c, 0.9 * omega / self.k[i])
             v.append(c)
         v[0] = min(v[0], v_start)
         v[-1] = min(v[-1], v_end)
@@ -151,13 +151,19 @@ class Path:
         y = self.y[i] + (self.y[i + 1] - self.y[i]) * f
         v = self.v[i] + (self.v[i + 1] - self.v[i]) * f
         s = self.s[i] + (self.s[i + 1] - self.s[i]) * f
-        track = bearing_deg(self.x[i + 1] - self.x[i], self.y[i + 1] - self.y[i])
+        a, b = self._track(i), self._track(i + 1)
+        track = (a + ((b - a + 540) % 360 - 180) * f) % 360
         rate = 0.0
-        if self.k[i + 1] > 0 and i + 2 < len(self.x):
-            nxt = bearing_deg(self.x[i + 2] - self.x[i + 1], self.y[i + 2] - self.y[i + 1])
-            sign = 1.0 if ((nxt - track + 540) % 360 - 180) >= 0 else -1.0
+        if self.k[i + 1] > 0:
+            sign = 1.0 if ((b - a + 540) % 360 - 180) >= 0 else -1.0
             rate = sign * math.degrees(v * self.k[i + 1])
         return x, y, s, v, track, rate
+
+    def _track(self, i):
+        """Direction at dense point i: of the chord through its neighbours, so that the track turns
+        smoothly along an arc instead of in steps from chord to chord."""
+        a, b = max(0, i - 1), min(len(self.x) - 1, i + 1)
+        return bearing_deg(self.x[b] - self.x[a], self.y[b] - self.y[a])
 
     def s_near(self, x, y):
         """Distance along the path of the dense point nearest to (x, y)."""
