@@ -338,7 +338,8 @@ def main(argv):
     kinds = {k: sum(1 for f in flight_list if f.kind == k) for k in ("arrival", "departure", "overflight")}
     if args.summary:
         with open(args.summary, "w", encoding="utf-8") as o:
-            json.dump({"airport": icao, "elevation_ft": airport.elevation, "landing": landing, "takeoff": takeoff,
+            epoch = (MONDAY + datetime.timedelta(minutes=args.start_minute)).timestamp()
+            json.dump({"airport": icao, "elevation_ft": airport.elevation, "epoch": epoch, "landing": landing, "takeoff": takeoff,
                        "latitude": airport.lat, "longitude": airport.lon,
                        "flights": [dict(kind=f.kind, callsign=f.ident["callsign"], reg=f.ident["reg"],
                                         model=f.ident["model"], hexid=f.ident.get("hexid"), **f.marks)
