@@ -47,35 +47,7 @@ fetch_npm() {
   touch "$stamp"
 }
 
-# apt-get download PKG=VERSION into a folder; with an old package list, update it once and retry.
-download_deb() {
-  local package=$1 folder=$2
-  (cd "$folder" && apt-get download -q "$package" 2>/dev/null) && return 0
-  echo "build_data: updating the package lists"
-  $sudo apt-get update -qq
-  (cd "$folder" && apt-get download -q "$package")
-}
-
-# fetch_deb PACKAGE NAME [PATHS...]: unpacks the package (or only PATHS of it) into $cache/deb/NAME.
-fetch_deb() {
-  local package=$1 name=$2
-  shift 2
-  local stamp="$cache/deb/$name/.done-${package//[:=~+]/_}${*:+-$(printf '%s' "$*" | cksum | cut -d' ' -f1)}"
-  [ -f "$stamp" ] && return 0
-  echo "build_data: apt-get download $package"
-  rm -rf "$cache/deb/$name" "$cache/deb/download"
-  mkdir -p "$cache/deb/$name" "$cache/deb/download"
-  download_deb "$package" "$cache/deb/download"
-  local deb
-  deb=$(ls "$cache"/deb/download/*.deb)
-  if [ $# -eq 0 ]; then
-    dpkg-deb -x "$deb" "$cache/deb/$name"
-  else
-    dpkg-deb --fsys-tarfile "$deb" | tar -x -C "$cache/deb/$name" --wildcards "$@"
-  fi
-  rm -rf "$cache/deb/download"
-  touch "$stamp"
-}
+source tools/deb_fetch.sh
 
 fetch_npm
 fetch_deb "$deb_dump1090" dump1090

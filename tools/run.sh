@@ -1,16 +1,23 @@
 #!/usr/bin/env bash
-# Installs what the build needs, builds Orvane, its reference data and the RealTraffic
-# stand-in, and runs Orvane on its built-in default: headless in the working folder build/,
-# against the stand-in simulator (a user aircraft parked at Frankfurt) and the recorded
-# Frankfurt traffic, for 40 seconds. Files of the download site come from a local one on
-# loopback that serves the built stock airport files (build/download_site). Further arguments
-# go to Orvane instead of the default.
+# Installs what the build needs, builds Orvane, its reference data and the tools, and runs the
+# demo: a busy half hour of scheduled traffic at Amsterdam Schiphol (generated from FlightGear's
+# public schedules, tools/scenario), played ten times faster than real time through the
+# RealTraffic stand-in into Orvane and its stand-in simulator, then the motion report and the
+# map of the airport (tools/scenario/demo.sh). Options of the demo choose another airport, time
+# and scale:
+#   tools/run.sh [--airport ICAO] [--day mon..sun] [--time HH:MM] [--minutes M] [--time-scale N]
+# `tools/run.sh --frankfurt [ORVANE OPTIONS]` runs the recorded Frankfurt traffic instead, headless
+# for 40 seconds unless options are given.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 tools/setup.sh
 cmake -S . -B build -G Ninja -DORV_WERROR=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build --target orvane rt_standin download_site
 tools/build_data.sh build
+if [ "${1:-}" != "--frankfurt" ]; then
+  exec tools/scenario/demo.sh "$@"
+fi
+shift
 if [ $# -eq 0 ]; then set -- --seconds 40; fi
 rm -f build/download_site.port
 build/tools/download_site/download_site --root build/download_site --port-file build/download_site.port \

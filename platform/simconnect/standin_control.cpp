@@ -59,10 +59,12 @@ void reset() {
   w.changed.notify_all();
 }
 
-void start(Clock clock) {
+void start(Clock clock, double timeScale) {
+  if (!(timeScale > 0.0 && timeScale <= 1000.0)) throw std::invalid_argument("start: the time scale must be above 0 and at most 1000");
   World& w = world();
   auto lock = locked(w);
   requireStopped(w, "start");
+  w.timeScale = timeScale;
   joinClockThread(w, lock);
   buildWorld(w);
   if (!w.scenario.traceFile.empty()) {

@@ -112,7 +112,9 @@ enum class Clock {
   RealTime,  // a thread of the stand-in advances frames at the frame rate (demo)
 };
 // The simulator comes up with the world of the scenario at frame 0: SimConnect_Open succeeds.
-void start(Clock clock = Clock::Stepped);
+// A real-time clock runs timeScale simulated seconds per wall second (a replay faster than
+// real time); the frames, and so every event and trace row, stay those of the simulated time.
+void start(Clock clock = Clock::Stepped, double timeScale = 1.0);
 // The simulator goes away: every session gets a Quit record (if sendQuit) and is dead after it,
 // and SimConnect_Open fails again. Objects stay for inspection until the next start.
 void stop(bool sendQuit = true);

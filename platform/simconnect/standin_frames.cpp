@@ -178,7 +178,7 @@ void writeTrace(World& w) {
 void clockLoop(World& w) {
   using namespace std::chrono;
   std::unique_lock lock(w.mutex);
-  const auto period = duration_cast<steady_clock::duration>(duration<double>(1.0 / w.scenario.frameRate));
+  const auto period = duration_cast<steady_clock::duration>(duration<double>(1.0 / (w.scenario.frameRate * w.timeScale)));
   auto next = steady_clock::now();
   while (!w.clockStop && w.up) {
     next += period;

@@ -115,6 +115,7 @@ struct World {
 
   std::thread clockThread;
   bool clockStop = false;
+  double timeScale = 1.0;  // simulated seconds per wall second of the real-time clock
   std::condition_variable clockWake;
 };
 

@@ -137,6 +137,18 @@ void lf_resetMainLoopState() {
 
 void SteadyLoopClock::sleepUntil(time_point t) { std::this_thread::sleep_until(t); }
 
+ScaledLoopClock::ScaledLoopClock(LoopClock& wall, double scale) : wall_(wall), scale_(scale), origin_(wall.now()) {}
+
+LoopClock::time_point ScaledLoopClock::now() {
+  const std::chrono::duration<double> wall = wall_.now() - origin_;
+  return origin_ + std::chrono::duration_cast<std::chrono::steady_clock::duration>(wall * scale_);
+}
+
+void ScaledLoopClock::sleepUntil(time_point t) {
+  const std::chrono::duration<double> scaled = t - origin_;
+  wall_.sleepUntil(origin_ + std::chrono::duration_cast<std::chrono::steady_clock::duration>(scaled / scale_));
+}
+
 void lf_runSchedule(LoopClock& clock, const std::function<bool()>& tick) {
   auto next = clock.now() + 10ms;
   bool go = tick();
@@ -296,8 +308,13 @@ void lf_mainLoop() {
   lf_fillCallsignList();
   lf_enableControl(BUTTON_CS2OID.controlId, true);
   desktop::beginTimerResolution();
-  SteadyLoopClock clock;
-  lf_runSchedule(clock, lf_tick);
+  SteadyLoopClock wall;
+  if (gv_timeScale == 1.0) {
+    lf_runSchedule(wall, lf_tick);
+  } else {
+    ScaledLoopClock scaled(wall, gv_timeScale);
+    lf_runSchedule(scaled, lf_tick);
+  }
   desktop::endTimerResolution();
 }
 

@@ -21,6 +21,23 @@ class SteadyLoopClock final : public LoopClock {
   void sleepUntil(time_point t) override;
 };
 
+// Runs `scale` times faster than the clock it is given: a replay faster than real time keeps
+// the loop's ticks in step with the stand-in simulator's scaled seconds.
+class ScaledLoopClock final : public LoopClock {
+ public:
+  ScaledLoopClock(LoopClock& wall, double scale);
+  time_point now() override;
+  void sleepUntil(time_point t) override;
+
+ private:
+  LoopClock& wall_;
+  double scale_;
+  time_point origin_;
+};
+
+// Simulated seconds per wall second ("--time-scale"); 1 in real time.
+inline double gv_timeScale = 1.0;
+
 // Calls tick every 10 ms until it returns false. Behind by more than 100 ms, the schedule
 // restarts from now instead of running ticks back to back; a second tick of the simulator
 // re-reads the clock, so the loop follows the simulator's seconds.

@@ -13,6 +13,7 @@
 #include "app/closing_down.h"
 #include "app/command_line.h"
 #include "app/layer_bindings.h"
+#include "app/main_loop.h"
 #include "app/process_state.h"
 #include "app/start_up.h"
 #include "foundation/log.h"
@@ -105,6 +106,14 @@ int lf_runProcess(const fs::path& workingFolder, const std::vector<std::string>&
     return 0;
   }
 
+  try {
+    gv_timeScale = lf_timeScaleOption(args);
+  } catch (const std::exception& e) {
+    gf_logError(e.what());
+    std::fprintf(stderr, "%s\n", e.what());
+    gf_closeLog();
+    return 1;
+  }
   // Without the simulator's SDK, SimConnect is served by the stand-in simulator.
   if (!production) {
     try {

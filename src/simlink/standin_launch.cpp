@@ -1,5 +1,10 @@
 #include "simlink/standin_launch.h"
 
+#include <fmt/format.h>
+
+#include <charconv>
+#include <stdexcept>
+
 #include "foundation/log.h"
 
 #if !defined(ORV_REAL_SIMCONNECT)
@@ -13,6 +18,20 @@ std::string lf_scenarioOption(const std::vector<std::string>& args) {
   for (std::size_t i = 0; i + 1 < args.size(); ++i)
     if (args[i] == "--scenario") return args[i + 1];
   return {};
+}
+
+double lf_timeScaleOption(const std::vector<std::string>& args) {
+  double scale = 1.0;
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    if (args[i] != "--time-scale") continue;
+    const std::string text = i + 1 < args.size() ? args[i + 1] : std::string();
+    double value = 0.0;
+    const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (text.empty() || ec != std::errc() || end != text.data() + text.size() || !(value > 0.0 && value <= 100.0))
+      throw std::runtime_error(fmt::format("--time-scale: '{}' is not a number above 0 and at most 100", text));
+    scale = value;
+  }
+  return scale;
 }
 
 #if defined(ORV_REAL_SIMCONNECT)
@@ -45,8 +64,12 @@ void gf_startStandinSimulator(const std::vector<std::string>& args) {
     standin::loadScenarioText(kDefaultStandinScenario, "default_eddf.json");
   else
     standin::loadScenarioFile(file);
-  standin::start(standin::Clock::RealTime);
-  gf_log("Stand-in simulator started in real time with {}", file.empty() ? "default_eddf.json" : file);
+  const double scale = lf_timeScaleOption(args);
+  standin::start(standin::Clock::RealTime, scale);
+  if (scale == 1.0)
+    gf_log("Stand-in simulator started in real time with {}", file.empty() ? "default_eddf.json" : file);
+  else
+    gf_log("Stand-in simulator started at {} times real time with {}", scale, file.empty() ? "default_eddf.json" : file);
 }
 
 void gf_stopStandinSimulator() {

@@ -85,6 +85,34 @@ TEST(MainLoopSchedule, ASecondTickReadsTheClockAgain) {
   EXPECT_EQ(runTicks(second, 5), (std::vector<std::int64_t>{0, 14, 24, 38, 48}));
 }
 
+TEST(MainLoopSchedule, ATimeScaleRunsTheSameTicksInAShorterWallTime) {
+  FakeClock wall;
+  wall.spend(1000ms);  // the scaled clock counts from its own start, not from the wall's
+  ScaledLoopClock scaled(wall, 10.0);
+  std::vector<std::int64_t> scaledAt, wallAt;
+  lf_runSchedule(scaled, [&] {
+    scaledAt.push_back(std::chrono::duration_cast<ms>(scaled.now() - LoopClock::time_point{}).count());
+    wallAt.push_back(wall.elapsed().count());
+    gv_secondTick = false;
+    return scaledAt.size() < 5;
+  });
+  // Every tick 10 ms of scaled time apart, 1 ms of wall time apart.
+  EXPECT_EQ(wallAt, (std::vector<std::int64_t>{1000, 1001, 1002, 1003, 1004}));
+  EXPECT_EQ(scaledAt, (std::vector<std::int64_t>{1000, 1010, 1020, 1030, 1040}));
+  // Work of 15 ms of wall time is 150 ms of scaled time: more than 100 ms behind, the schedule
+  // restarts from now, as in real time.
+  FakeClock slowWall;
+  ScaledLoopClock slow(slowWall, 10.0);
+  std::vector<std::int64_t> slowAt;
+  lf_runSchedule(slow, [&] {
+    slowAt.push_back(slowWall.elapsed().count());
+    gv_secondTick = false;
+    if (slowAt.size() == 2) slowWall.spend(15ms);
+    return slowAt.size() < 4;
+  });
+  EXPECT_EQ(slowAt, (std::vector<std::int64_t>{0, 1, 17, 18}));
+}
+
 // The run's seconds, driven through the tick as the simulator's per-second block drives them,
 // on a headless window with the program's controls.
 class MainLoopSeconds : public testing::Test {

@@ -9,6 +9,7 @@
 #include "options.h"
 #include "standin_run.h"
 #include "test_support.h"
+#include "timestamp_shift.h"
 
 namespace orv::standin {
 namespace {
@@ -77,6 +78,38 @@ TEST(StandinRun, PlaysARecordingIntoItsOwnRecorder) {
   EXPECT_EQ(texts, (std::vector<std::string>{"49004 12 {\"QNH\":1017}", "49004 12 {\"QNH\":1018}", "49005 0 ",
                                              "49005 16384 " + std::string(28, 'x'), std::string("49005 2 \0\xff", 10),
                                              "49005 43 a,b,c,d,e,f,g,h,i,j,k,l,m,n,"}));
+}
+
+// Two reports of one aircraft 3 s apart, played 20 times faster: with --speed their times are
+// moved to the present and come 0.15 s apart; with --time-scale they stay 3 s apart, on the clock
+// that the program and the simulator then run.
+TEST(StandinRun, TimeScaleKeepsTheReportsAsFarApartAsRecorded) {
+  orv::test::TempDir dir;
+  orv::test::writeFile(dir / "in.txt",
+                       "# epoch 1718020800.000\n0.000 49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,1718020799.50,p\n"
+                       "3.000 49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,1718020802.50,p\n");
+  for (const char* option : {"--speed", "--time-scale"}) {
+    test::OwnedSocket probe(test::udpReceiver(10));
+    const std::string port = std::to_string(net::localPort(probe.s));
+    probe.reset();
+    const std::string in = (dir / "in.txt").string(), outFile = (dir / "out.txt").string();
+    const StandinOptions options =
+        parseOptions({"--no-link", "--play", in, "--record", outFile, option, "20", "--traffic-port", port});
+    std::ostringstream out;
+    Console console(out);
+    std::atomic<bool> stop{false};
+    ASSERT_EQ(runStandin(options, console, stop), 0) << out.str();
+    const Recording recorded = loadRecording(dir / "out.txt");
+    ASSERT_EQ(recorded.datagrams.size(), 2u) << option;
+    const double arrived = recorded.datagrams[1].seconds - recorded.datagrams[0].seconds;
+    const double reported =
+        *reportTimestamp(recorded.datagrams[1].text) - *reportTimestamp(recorded.datagrams[0].text);
+    EXPECT_NEAR(arrived, 0.15, 0.1) << option;
+    EXPECT_NEAR(reported, option == std::string("--speed") ? 0.15 : 3.0, 0.1) << option;
+    // A report is as old when it is sent as it was when it arrived: 0.5 s, on the clock it follows.
+    const double sentAge = (*recorded.epoch + recorded.datagrams[0].seconds) - *reportTimestamp(recorded.datagrams[0].text);
+    EXPECT_NEAR(sentAge, 0.5, 0.1) << option;
+  }
 }
 
 }  // namespace

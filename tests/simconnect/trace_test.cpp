@@ -4,6 +4,9 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <chrono>
+#include <map>
+#include <thread>
 #include <sstream>
 
 #include "standin_fixture.h"
@@ -61,6 +64,38 @@ TEST_F(TraceTest, AScenarioTracesFromItsStart) {
   for (std::string line; std::getline(in, line);) rows.push_back(line);
   ASSERT_EQ(rows.size(), 3u) << "header, frames 3 and 6 with the user alone";
   EXPECT_EQ(rows[2].rfind(fmt::format("0.200,6,{},", standin::userObjectId()), 0), 0u) << rows[2];
+}
+
+// A replay ten times faster than real time gives the trace of real time, row for row: the
+// frames, and every event scripted by simulated time, are the same; only the wall clock differs.
+TEST(TraceTimeScale, TenTimesFasterTracesTheSameAsRealTime) {
+  TempDir dir;
+  std::map<double, std::vector<std::string>> traces;
+  for (const double scale : {1.0, 10.0}) {
+    standin::reset();
+    const std::string trace = (dir / fmt::format("trace{}.csv", scale)).string();
+    standin::loadScenarioText(fmt::format(R"({{"frameRate": 30, "traceFile": "{}", "traceEveryFrames": 3,
+      "user": {{"latitude": 50.0, "longitude": 8.5, "headingDeg": 90, "groundSpeedKt": 20}},
+      "events": [{{"at": 0.5, "type": "addAircraft", "title": "Asobo Traffic", "atcId": "AS-GEN",
+                   "latitude": 50.01, "longitude": 8.51, "altitudeFt": 2400, "headingDeg": 70}},
+                 {{"at": 1.0, "type": "moveUser", "latitude": 50.02, "longitude": 8.52, "onGround": true}}]}})",
+                                          trace));
+    const auto begin = std::chrono::steady_clock::now();
+    standin::start(standin::Clock::RealTime, scale);
+    while (standin::simTime() < 2.0) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    const double wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+    standin::stop();
+    standin::stopTrace();
+    // Two simulated seconds take two wall seconds in real time, a fifth of one at ten times.
+    EXPECT_NEAR(wall, 2.0 / scale, 0.5 / scale + 0.05) << scale;
+    std::istringstream in(readFile(trace));
+    for (std::string line; std::getline(in, line);) traces[scale].push_back(line);
+  }
+  standin::reset();
+  // The faster run stopped at the same simulated time, give or take the frames of one poll.
+  const std::size_t rows = std::min(traces[1.0].size(), traces[10.0].size());
+  ASSERT_GT(rows, 30u);
+  for (std::size_t i = 0; i < rows; ++i) EXPECT_EQ(traces[1.0][i], traces[10.0][i]) << "row " << i;
 }
 
 }  // namespace

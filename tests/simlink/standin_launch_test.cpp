@@ -1,6 +1,9 @@
 // The program starts the stand-in simulator itself on a machine without the real one.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 #include "simlink/standin_launch.h"
 #include "simlink_fixture.h"
 
@@ -59,6 +62,36 @@ TEST(StandinLaunch, DefaultScenarioOrTheFileOfTheOption) {
   }
   EXPECT_FALSE(standin::isRunning());
   standin::reset();
+}
+
+TEST(StandinLaunch, TimeScaleSpeedsUpTheSimulatorsClock) {
+  EXPECT_EQ(lf_timeScaleOption({"--seconds", "20"}), 1.0);
+  EXPECT_EQ(lf_timeScaleOption({"--time-scale", "4", "--time-scale", "12.5"}), 12.5) << "the last one wins";
+  for (const char* bad : {"0", "-2", "101", "fast", "10x", "nan", ""}) {
+    try {
+      lf_timeScaleOption({"--time-scale", bad});
+      ADD_FAILURE() << bad << " is refused";
+    } catch (const std::runtime_error& e) {
+      EXPECT_EQ(std::string(e.what()), std::string("--time-scale: '") + bad + "' is not a number above 0 and at most 100");
+    }
+  }
+  EXPECT_THROW(lf_timeScaleOption({"--time-scale"}), std::runtime_error) << "a missing value";
+#if !defined(_WIN32)
+  LogCapture log;
+  standin::reset();
+  TempDir dir;
+  writeFile(dir / "plain.json", R"({"frameRate": 50})");
+  const std::string scenario = (dir / "plain.json").string();
+  gf_startStandinSimulator({"--scenario", scenario, "--time-scale", "20"});
+  EXPECT_NE(log.text().find("Stand-in simulator started at 20 times real time with " + scenario + "\n"), std::string::npos)
+      << log.text();
+  // Half a second of wall time is ten simulated seconds: well past two.
+  std::this_thread::sleep_for(std::chrono::milliseconds(500));
+  EXPECT_GT(standin::simTime(), 2.0);
+  EXPECT_LT(standin::simTime(), 12.0);
+  gf_stopStandinSimulator();
+  standin::reset();
+#endif
 }
 
 }  // namespace

@@ -81,6 +81,9 @@ StandinOptions parseOptions(const std::vector<std::string_view>& arguments) {
       o.playFile = std::filesystem::path(r.valueOf(option));
     } else if (option == "--speed") {
       o.playOptions.speed = secondsValue(option, r.valueOf(option), false);
+    } else if (option == "--time-scale") {
+      o.playOptions.speed = secondsValue(option, r.valueOf(option), false);
+      o.playOptions.scaledClock = true;
     } else if (option == "--loop") {
       o.playOptions.loop = true;
     } else if (option == "--keep-timestamps") {
@@ -135,6 +138,7 @@ RealTraffic link (TCP; Orvane is the server):
 Feed (UDP to 127.0.0.1):
   --play FILE           send the recording FILE
   --speed N             N times faster than recorded (default 1)
+  --time-scale N        N times faster, report times on a clock N times faster from the start
   --loop                start the recording again after its end
   --keep-timestamps     send report times as recorded instead of moving them to the present
   --traffic-port N      traffic port (default 49005)

@@ -128,6 +128,7 @@ void play(const Recording& recording, const PlayOptions& options, Console& conso
   Flood flood(options.faults.floodPerSecond, options, counts);
   std::optional<Held> held;
   const auto start = std::chrono::steady_clock::now();
+  const double startUnix = unixNow();
   int sequence = 0;
   int recordedCount = 0;
   std::size_t malformedCount = 0;
@@ -137,7 +138,10 @@ void play(const Recording& recording, const PlayOptions& options, Console& conso
       if (!waitUntil(stop, start + std::chrono::duration_cast<std::chrono::steady_clock::duration>(offset))) break;
       const std::uint16_t port = targetPort(recorded.port, options);
       const std::string text = epoch && recorded.port == kTrafficPort
-                                   ? shiftTimestamp(recorded.text, shiftFor(*epoch, recorded.seconds, unixNow()))
+                                   ? shiftTimestamp(recorded.text, shiftFor(*epoch, recorded.seconds,
+                                                                        options.scaledClock
+                                                                            ? startUnix + round * length + recorded.seconds
+                                                                            : unixNow()))
                                    : recorded.text;
       const int reorderEvery = options.faults.reorderEvery;
       // The last of a round has no next one to go behind.

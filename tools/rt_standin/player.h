@@ -23,6 +23,9 @@ struct PlayOptions {
   std::uint16_t trafficPort = kTrafficPort;
   std::uint16_t weatherPort = kWeatherPort;
   double speed = 1.0;  // times faster than recorded
+  // --time-scale: the report times follow a clock that runs `speed` times faster from the start
+  // of the play, as the program's and the simulator's do, so that reports stay as far apart as recorded.
+  bool scaledClock = false;
   bool loop = false;   // start again after the end, one second later
   bool shiftTimestamps = true;
   bool verbose = false;  // show every datagram
