@@ -5,6 +5,8 @@
 #include "airportdata/all_icao.h"
 #include "app/closing_down.h"
 #include "app/process_state.h"
+#include "engine/engine_hooks.h"
+#include "engine/sim_port.h"
 #include "foundation/message_area.h"
 #include "foundation/status_values.h"
 
@@ -13,6 +15,11 @@ namespace orv::test {
 void resetRunState() {
   // A process starts with an empty message area; a run keeps its error on display.
   gf_resetMessageArea();
+  // A new process has no layer bound; a process run binds them itself, and they would otherwise
+  // reach a simulator session that ended with that run.
+  gf_bindSim(nullptr);
+  gv_feedPositionStep.set(nullptr);
+  gv_placeNextStatic.set(nullptr);
   lf_resetProcessState();
   lf_resetRunState();
   lf_clearParkAirportBand();

@@ -89,12 +89,16 @@ TEST(StandinRun, TimeScaleKeepsTheReportsAsFarApartAsRecorded) {
                        "# epoch 1718020800.000\n0.000 49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,1718020799.50,p\n"
                        "3.000 49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,1718020802.50,p\n");
   for (const char* option : {"--speed", "--time-scale"}) {
-    test::OwnedSocket probe(test::udpReceiver(10));
-    const std::string port = std::to_string(net::localPort(probe.s));
-    probe.reset();
+    // Free ports for both, so that a program of another test on the default ports is not disturbed.
+    test::OwnedSocket probeTraffic(test::udpReceiver(10));
+    test::OwnedSocket probeWeather(test::udpReceiver(10));
+    const std::string trafficPort = std::to_string(net::localPort(probeTraffic.s));
+    const std::string weatherPort = std::to_string(net::localPort(probeWeather.s));
+    probeTraffic.reset();
+    probeWeather.reset();
     const std::string in = (dir / "in.txt").string(), outFile = (dir / "out.txt").string();
-    const StandinOptions options =
-        parseOptions({"--no-link", "--play", in, "--record", outFile, option, "20", "--traffic-port", port});
+    const StandinOptions options = parseOptions({"--no-link", "--play", in, "--record", outFile, option, "20",
+                                                 "--traffic-port", trafficPort, "--weather-port", weatherPort});
     std::ostringstream out;
     Console console(out);
     std::atomic<bool> stop{false};
