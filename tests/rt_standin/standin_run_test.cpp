@@ -4,6 +4,8 @@
 
 #include <ctime>
 #include <sstream>
+#include <string>
+#include <utility>
 
 #include "loopback_fixture.h"
 #include "options.h"
@@ -39,6 +41,13 @@ TEST(StandinOptions, MistakesAreToldInWords) {
   EXPECT_TRUE(parseOptions({"--no-link", "--help"}).help);
 }
 
+// Free traffic and weather ports for one run: other tests may run beside it on the default ones.
+std::pair<std::string, std::string> freeFeedPorts() {
+  test::OwnedSocket traffic(test::udpReceiver(10));
+  test::OwnedSocket weather(test::udpReceiver(10));
+  return {std::to_string(net::localPort(traffic.s)), std::to_string(net::localPort(weather.s))};
+}
+
 TEST(StandinRun, PlaysARecordingIntoItsOwnRecorder) {
   orv::test::TempDir dir;
   // An empty datagram, a binary one and the largest the reader takes among the others.
@@ -48,13 +57,7 @@ TEST(StandinRun, PlaysARecordingIntoItsOwnRecorder) {
       "0.200 49005 hex:00ff\n0.250 49005 ";
   orv::test::writeFile(dir / "in.txt", played + std::string(16384, 'x') + "\n0.300 49004 {\"QNH\":1017}\n");
 
-  // Free ports for this run; other tests may run beside it.
-  test::OwnedSocket probeTraffic(test::udpReceiver(10));
-  test::OwnedSocket probeWeather(test::udpReceiver(10));
-  const std::string trafficPort = std::to_string(net::localPort(probeTraffic.s));
-  const std::string weatherPort = std::to_string(net::localPort(probeWeather.s));
-  probeTraffic.reset();
-  probeWeather.reset();
+  const auto [trafficPort, weatherPort] = freeFeedPorts();
 
   const std::string in = (dir / "in.txt").string(), outFile = (dir / "out.txt").string();
   const StandinOptions options = parseOptions({"--no-link", "--play", in, "--record", outFile, "--speed", "10",
@@ -89,13 +92,7 @@ TEST(StandinRun, TimeScaleKeepsTheReportsAsFarApartAsRecorded) {
                        "# epoch 1718020800.000\n0.000 49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,1718020799.50,p\n"
                        "3.000 49005 a,b,c,d,e,f,g,h,i,j,k,l,m,n,1718020802.50,p\n");
   for (const char* option : {"--speed", "--time-scale"}) {
-    // Free ports for both, so that a program of another test on the default ports is not disturbed.
-    test::OwnedSocket probeTraffic(test::udpReceiver(10));
-    test::OwnedSocket probeWeather(test::udpReceiver(10));
-    const std::string trafficPort = std::to_string(net::localPort(probeTraffic.s));
-    const std::string weatherPort = std::to_string(net::localPort(probeWeather.s));
-    probeTraffic.reset();
-    probeWeather.reset();
+    const auto [trafficPort, weatherPort] = freeFeedPorts();
     const std::string in = (dir / "in.txt").string(), outFile = (dir / "out.txt").string();
     const StandinOptions options = parseOptions({"--no-link", "--play", in, "--record", outFile, option, "20",
                                                  "--traffic-port", trafficPort, "--weather-port", weatherPort});
