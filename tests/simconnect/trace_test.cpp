@@ -74,12 +74,12 @@ TEST(TraceTimeScale, TenTimesFasterTracesTheSameAsRealTime) {
   for (const double scale : {1.0, 10.0}) {
     standin::reset();
     const std::string trace = (dir / fmt::format("trace{}.csv", scale)).string();
-    standin::loadScenarioText(fmt::format(R"({{"frameRate": 30, "traceFile": "{}", "traceEveryFrames": 3,
+    standin::loadScenarioText(fmt::format(R"({{"frameRate": 30, "traceFile": {}, "traceEveryFrames": 3,
       "user": {{"latitude": 50.0, "longitude": 8.5, "headingDeg": 90, "groundSpeedKt": 20}},
       "events": [{{"at": 0.5, "type": "addAircraft", "title": "Asobo Traffic", "atcId": "AS-GEN",
                    "latitude": 50.01, "longitude": 8.51, "altitudeFt": 2400, "headingDeg": 70}},
                  {{"at": 1.0, "type": "moveUser", "latitude": 50.02, "longitude": 8.52, "onGround": true}}]}})",
-                                          trace));
+                                          nlohmann::json(trace).dump()));
     const auto begin = std::chrono::steady_clock::now();
     standin::start(standin::Clock::RealTime, scale);
     while (standin::simTime() < 2.0) std::this_thread::sleep_for(std::chrono::milliseconds(5));
