@@ -23,6 +23,7 @@
 #include "foundation/time_text.h"
 #include "liveries/match_memory.h"
 #include "liveries/match_summary.h"
+#include "parking/park_airport_sight.h"
 #include "parking/parking_adjustments.h"
 #include "parking/parking_run_state.h"
 #include "platform/window/window_layer.h"
@@ -83,7 +84,7 @@ void lf_closingDown() {
       while (!gv_userClosing.load()) std::this_thread::sleep_for(500ms);
       setMessage(fmt::format("User closed {}", kProgramName), true);
     }
-    lf_clearParkAirport();
+    if (!gv_parkIcao.empty()) clearParkAirport();
     lf_clearLiveryCache();
     gf_removeFlightPlanFolder();
     DESTINATION.set("");

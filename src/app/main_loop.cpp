@@ -29,10 +29,10 @@
 #include "foundation/time_text.h"
 #include "liveries/match_memory.h"
 #include "liveries/match_summary.h"
+#include "parking/park_airport_sight.h"
 #include "parking/park_airports.h"
 #include "parking/parking_adjustments.h"
 #include "parking/parking_run_state.h"
-#include "parking/static_parking.h"
 #include "platform/desktop/desktop.h"
 #include "simlink/sim_queues.h"
 #include "simlink/sim_run_state.h"
@@ -67,8 +67,8 @@ void lf_refreshAircraftCounts() {
 // "Re-read": only when asked and no static update runs.
 void lf_runRereadRequest() {
   if (!gv_reqReread.load() || gv_staticUpdateRunning.load()) return;
-  const std::string change = lf_rereadMyParkAirports();
-  if (!change.empty() && gf_messageArea().errorText.empty()) setMessage(change, true);
+  std::string message;
+  if (reReadParkAirports(true, message) && gf_messageArea().errorText.empty()) setMessage(message, true);
   lf_enableControl(BUTTON_REREAD.controlId, true);
   lf_enableControl(DESTINATION.controlId, true);
   gv_reqReread = false;
@@ -173,7 +173,7 @@ bool lf_tick() {
   if (gf_stopping()) return false;
 
   const SecondWork w = lf_secondWork(gv_seconds, gv_staticUpdateSecondPhase);
-  if (w.parking) lf_periodicParking();
+  if (w.parking) lf_parkingStep(false);
   if (w.feedStatus) lf_feedStatus();
   if (w.removeStaticTwin) lf_sweepStaticTwins();
   if (w.fiveSecond) {
@@ -300,7 +300,7 @@ void lf_every30Seconds() {
 
 void lf_mainLoop() {
   gv_runStage = RunStage::Running;
-  lf_firstParking(true);
+  lf_parkingStep(true);
   lf_feedStatus();
   gv_seconds = 0;
   gf_refreshDayAndSlot();

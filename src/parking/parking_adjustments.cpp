@@ -6,10 +6,8 @@
 
 namespace orv {
 
-void lf_periodicParking() {}
 void lf_adjustParking() {}
 void lf_removeAllStatic() {}
 bool lf_parkingPossible() { return gParkingStatus.parkingPossible.load(); }
-void lf_clearParkAirport() {}
 
 }  // namespace orv

@@ -4,8 +4,6 @@
 
 namespace orv {
 
-// The periodic parking step of the seconds work.
-void lf_periodicParking();
 // The second phase of an announced static update: brings the static aircraft up to date, when
 // a park airport with stands is set.
 void lf_adjustParking();
@@ -13,7 +11,5 @@ void lf_adjustParking();
 void lf_removeAllStatic();
 // Whether there is a park airport to fill at all: what the window shows as parkingPossible.
 bool lf_parkingPossible();
-// Leaves the park airport, at closing down.
-void lf_clearParkAirport();
 
 }  // namespace orv

@@ -4,7 +4,8 @@
 
 namespace orv {
 
-// The first parking of a run; atStart is true when the main loop begins.
-void lf_firstParking(bool atStart);
+// Calculates the static aircraft of the park airport once its file is loaded, and ends the
+// wait that the load began.
+void lf_calcStaticParking();
 
 }  // namespace orv

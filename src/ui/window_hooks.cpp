@@ -4,6 +4,7 @@
 #include "foundation/parameter_store.h"
 #include "foundation/parameters.h"
 #include "liveries/category_reports.h"
+#include "parking/parking_hooks.h"
 #include "simlink/simulator_switch.h"
 #include "ui/controls.h"
 
@@ -35,6 +36,11 @@ void showClassBox(const CheckboxParameter& box, bool enabled) {
   gf_window().setChecked(box.controlId, box.value);
   lf_enableControl(box.controlId, enabled);
 }
+
+void enterParkingWait(bool atStart) {
+  lf_blockParkingControls();
+  if (!atStart) setMessage("Calculating static parked aircraft ...");
+}
 }  // namespace
 
 void lf_connectWindowHooks() {
@@ -45,6 +51,9 @@ void lf_connectWindowHooks() {
   lf_showClassBox.set([](const CheckboxParameter* box, bool enabled) {
     gf_window().postTask([box, enabled] { showClassBox(*box, enabled); });
   });
+  gv_enterParkingWait.set(enterParkingWait);
+  gv_endParkingWait.set(lf_unblockParkingControls);
+  gv_enableReread.set([] { lf_enableControl(BUTTON_REREAD.controlId, true); });
 }
 
 }  // namespace orv

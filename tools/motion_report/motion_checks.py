@@ -67,6 +67,9 @@ class Aircraft:
     def check_motion(self):
         rows, p = self.rows, self.peaks
         previous_step = None  # (mid time, speed) of the last step that was no jump
+        # A new object hangs where it was created until the program drives it: that wait is no
+        # motion, and the start from it no acceleration.
+        held = not rows[0].on_ground
         for i, row in enumerate(rows):
             p["bank"].add(abs(row.bank), row.t)
             p["pitch"].add(abs(row.pitch), row.t)
@@ -83,6 +86,10 @@ class Aircraft:
                                    row.lon), 1), "speed_kt": round(kt), "climb_ft_s": round(ft_s)})
                 previous_step = None  # a jump is no motion: the steps beside it are not compared with it
                 continue
+            if held:
+                if kt < MOVING_KT:
+                    continue
+                held = False
             ground = a.on_ground and row.on_ground
             p["speed_ground" if ground else "speed_air"].add(kt, row.t)
             p["turn_ground" if ground else "turn_air"].add(abs(turn(a.heading, row.heading)) / dt, row.t)
