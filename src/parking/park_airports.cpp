@@ -83,12 +83,13 @@ bool readList() {
       continue;
     }
     const std::string& code = fields[0];
-    if (!seen.insert(code).second) {
+    const auto icao = codeOf(code);
+    // "eham" and "EHAM" are one airport.
+    if (!seen.insert(icao ? icao->str() : code).second) {
       gf_log("{}:{} double, skipped", fileName(), code);
       continue;
     }
     const RtAirport* airport = findRtAirport(code);
-    const auto icao = codeOf(code);
     if (airport == nullptr || !icao) {
       gf_log("airport {} is unknown", code);
       ok = false;
@@ -144,7 +145,7 @@ void updateParkFile() {
     gf_log("{} created with {}", fileName(), line);
   } else {
     const auto same = std::find_if(lines.begin(), lines.end(), [&](const std::string& l) {
-      return !gf_trim(l).empty() && splitFields(l)[0] == head.icao.view();
+      return !gf_trim(l).empty() && codeOf(splitFields(l)[0]) == head.icao;
     });
     if (same == lines.end()) {
       lines.insert(lines.begin(), line);

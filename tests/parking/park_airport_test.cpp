@@ -64,7 +64,7 @@ class ParkAirportTest : public AirportTest {
 };
 
 TEST_F(ParkAirportTest, ListFileKeepsGoodLinesAndWarnsOfEachBadOne) {
-  put("airports/my_park_airports.txt", "AAAA\n\n BBBB , B7 \nAAAA\nCCCC,G4,x\nZZZZ\n");
+  put("airports/my_park_airports.txt", "AAAA\n\n BBBB , B7 \naaaa\nCCCC,G4,x\nZZZZ\n");
   put("airports/my_thirdparty/DDDD.xml", "<root/>");
   put("airports/my_thirdparty/EEEE.xml", "<root/>");  // not in the catalogue
   put("airports/my_thirdparty/AAAA.xml", "<root/>");  // listed already
@@ -82,7 +82,7 @@ TEST_F(ParkAirportTest, ListFileKeepsGoodLinesAndWarnsOfEachBadOne) {
 
   const std::string text = log.text();
   EXPECT_NE(text.find("airports\\my_park_airports.txt:5 wrong syntax, skipped"), std::string::npos) << text;
-  EXPECT_NE(text.find("airports\\my_park_airports.txt:AAAA double, skipped"), std::string::npos);
+  EXPECT_NE(text.find("airports\\my_park_airports.txt:aaaa double, skipped"), std::string::npos);
   EXPECT_NE(text.find("airport ZZZZ is unknown"), std::string::npos);
   EXPECT_NE(text.find("\n    2 park airports read from 'airports\\my_park_airports.txt'"), std::string::npos);
 

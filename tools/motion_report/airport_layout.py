@@ -28,6 +28,10 @@ class Layout:
         return not (self.runways or self.stands or self.edges)
 
 
+# Runways with an end this far from the middle of the stands belong to the airport.
+AIRPORT_REACH_M = 8000.0
+
+
 def read_runways(path):
     """Runways of a JSON file {"runways": [{"width_m": 60, "ends": [{"name", "lat", "lon"}, {...}]}]}
     or of an apt.dat excerpt, whose row code 100 lines give width, then per end name, lat, lon
@@ -72,6 +76,13 @@ def read_layout(parking=None, runways=None):
         read_groundnet(parking, layout)
     if runways:
         layout.runways = read_runways(runways)
+        if layout.stands:
+            # An excerpt of apt.dat holds the runways of many airports: the map keeps this one's.
+            from tracks import distance_m
+            lat = sum(s.lat for s in layout.stands) / len(layout.stands)
+            lon = sum(s.lon for s in layout.stands) / len(layout.stands)
+            layout.runways = [r for r in layout.runways
+                              if any(distance_m(lat, lon, e.lat, e.lon) <= AIRPORT_REACH_M for e in r.ends)]
     return layout
 
 
