@@ -13,6 +13,7 @@
 #include "engine/engine_tables.h"
 #include "feed/traffic_decoder.h"
 #include "foundation/log.h"
+#include "foundation/parameter_store.h"
 #include "foundation/parameters.h"
 
 namespace {
@@ -55,7 +56,7 @@ std::vector<std::string> nearbyLines(std::size_t n) {
 struct Setup {
   Setup() {
     gf_openLog("/dev/null");
-    RANGE.set(40);
+    gf_setRange(40);
     decoder.setUserPosition(50.03, 8.57);
     gTrafficQueue.setEnabled(true);
   }

@@ -8,6 +8,7 @@
 #include "engine/engine_tick.h"
 #include "engine/traffic_queue.h"
 #include "feed/traffic_decoder.h"
+#include "foundation/parameter_store.h"
 #include "foundation/parameters.h"
 #include "foundation/time_text.h"
 #include "fuzz_support.h"
@@ -33,7 +34,7 @@ void checkMessage(const TrafficMsg& m) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const bool ready = [] {
-    RANGE.set(40);
+    gf_setRange(40);
     AIRBORNE_ONLY.set(false);
     gv_tick = 100;
     gTrafficQueue.setEnabled(true);

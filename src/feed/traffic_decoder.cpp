@@ -132,7 +132,7 @@ void TrafficDecoder::processLineSub() {
           (std::fabs(pos.lat) > 0.0001 || std::fabs(pos.lon) > 0.0001)))
       throw std::runtime_error(fmt::format("invalid lalo: {:.6f},{:.6f}", pos.lat, pos.lon));
     const LatLon user{userLat_.load(std::memory_order_relaxed), userLon_.load(std::memory_order_relaxed)};
-    const double range = static_cast<double>(RANGE.value);
+    const double range = gv_rangeNm.load(std::memory_order_relaxed);
     // A degree of latitude is 60 nm and no great circle is shorter: most of the world's
     // traffic leaves here without the trigonometry.
     if (std::fabs(pos.lat - user.lat) * 60.0 > range * (1.0 + 1e-9) || gf_distance(user, pos) > range) return;

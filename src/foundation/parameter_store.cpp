@@ -202,8 +202,8 @@ void saveString(const ValueParameter<std::string>& parameter) { saveOne(paramete
 
 void gf_setRange(std::int32_t nm) {
   RANGE.set(nm);
-  gv_rangeNm = RANGE.value;
-  gv_rangeMeters = RANGE.value * 1852;
+  gv_rangeNm.store(RANGE.value, std::memory_order_relaxed);
+  gv_rangeMeters.store(RANGE.value * 1852, std::memory_order_relaxed);
 }
 
 void gf_setMaxFitHours(float hours) {

@@ -1,6 +1,7 @@
 #pragma once
 // Every setting of the program, and the six lists that give the order of parameters.xml.
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -103,9 +104,10 @@ inline ButtonControl BUTTON_NOW{"Now", 32847, 313};
 inline ButtonControl BUTTON_REREAD{"Re-read", 32838, 341};
 inline ButtonControl BUTTON_FLUSH_STATIC{"Flush static", 32857, 369};
 
-// Derived values of RANGE, written by gf_setRange.
-inline double gv_rangeNm = 40.0;
-inline std::int32_t gv_rangeMeters = 40 * 1852;
+// Derived values of RANGE, written by gf_setRange on the run thread (the automatic range) and
+// the window's; the Traffic Reader and the SimClient thread read them, a stale value is fine.
+inline std::atomic<double> gv_rangeNm{40.0};
+inline std::atomic<std::int32_t> gv_rangeMeters{40 * 1852};
 
 // The six lists, in the order of the file.
 const std::vector<ValueParameter<bool>*>& gf_boolList();

@@ -16,7 +16,7 @@ namespace orv {
 void lf_requestAircraftInRange() {
   if (gv_simRequestFailed.load()) return;
   HRESULT hr = S_OK;
-  const auto radius = static_cast<DWORD>(std::clamp<std::int32_t>(gv_rangeMeters, 0, static_cast<std::int32_t>(kMaxRadiusMeters)));
+  const auto radius = static_cast<DWORD>(std::clamp<std::int32_t>(gv_rangeMeters.load(std::memory_order_relaxed), 0, static_cast<std::int32_t>(kMaxRadiusMeters)));
   {
     std::lock_guard lock(gSimMutex);
     hr = SimConnect_RequestDataOnSimObjectType(gv_simHandle, kReqInRange, kDefInRange, radius,

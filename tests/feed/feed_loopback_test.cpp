@@ -8,6 +8,7 @@
 #include "engine/traffic_queue.h"
 #include "feed/feed_status.h"
 #include "feed_fixture.h"
+#include "foundation/parameter_store.h"
 #include "foundation/parameters.h"
 
 namespace orv {
@@ -19,7 +20,7 @@ TEST_F(FeedLoopback, ARecordingReachesTheDecodingThroughBothReaders) {
   // RealTraffic on this computer, connected; the link itself is the RealTraffic link's tests' part.
   gv_rtOnThisPc = true;
   gFeedStatus.rtConnected.store(true);
-  RANGE.set(40);
+  gf_setRange(40);
   gTrafficDecoder.setUserPosition(50.0333, 8.5706);
   gTrafficQueue.setEnabled(true);
   gTrafficReader.boundPort = gQnhReader.boundPort = 0;

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "engine/engine_tables.h"
+#include "foundation/parameter_store.h"
 #include "foundation/parameters.h"
 #include "foundation/time_text.h"
 #include "refdata/code_tables.h"
@@ -24,7 +25,7 @@ class TrafficDecoding : public testing::Test {
  protected:
   void SetUp() override {
     gTrafficQueue.setEnabled(true);
-    RANGE.set(40);
+    gf_setRange(40);
     AIRBORNE_ONLY.set(false);
     decoder.setUserPosition(50.0, 8.5);
     gv_tick = 100;

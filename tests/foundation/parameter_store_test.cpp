@@ -63,8 +63,8 @@ TEST_F(ParameterStore, ValuesAreReadClampedAndNewParametersAppended) {
   EXPECT_EQ(MAX_HOLDING_MINUTES.value, 1);
   EXPECT_EQ(CUSTOM_PARKING_PERCENTAGE.value, 0);  // a bad number reads as 0
   EXPECT_EQ(RANGE.value, 2);
-  EXPECT_EQ(gv_rangeMeters, 2 * 1852);
-  EXPECT_DOUBLE_EQ(gv_rangeNm, 2.0);
+  EXPECT_EQ(gv_rangeMeters.load(), 2 * 1852);
+  EXPECT_DOUBLE_EQ(gv_rangeNm.load(), 2.0);
   EXPECT_EQ(MAIN_WINDOW_X.value, 0);  // found without a value
   EXPECT_FALSE(RANDOM.value);
   EXPECT_TRUE(AEROWINX.value);
@@ -202,7 +202,7 @@ TEST_F(ParameterStore, ASaveThatCannotReplaceTheFileSaysSo) {
 TEST_F(ParameterStore, DerivedValues) {
   gf_setRange(500);
   EXPECT_EQ(RANGE.value, 100);
-  EXPECT_EQ(gv_rangeMeters, 185200);
+  EXPECT_EQ(gv_rangeMeters.load(), 185200);
   gf_setMaxFitHours(1.5f);
   EXPECT_EQ(MAX_FIT.value, 2);
   gf_setMaxFitHours(24.0f);

@@ -225,7 +225,7 @@ TEST_F(ParkAirportTest, AutomaticRangeFollowsHeightAndTheNearestListedAirport) {
   gv_userOnGround = true;
   computeAutoRange();
   EXPECT_EQ(RANGE.value, 10);
-  EXPECT_EQ(gv_rangeNm, 10.0);
+  EXPECT_EQ(gv_rangeNm.load(), 10.0);
 }
 
 }  // namespace

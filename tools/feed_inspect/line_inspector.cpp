@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "engine/traffic_queue.h"
+#include "foundation/parameter_store.h"
 #include "foundation/parameters.h"
 #include "refdata/code_tables.h"
 
@@ -22,7 +23,7 @@ nlohmann::ordered_json codeValue(const FixedCode<3>& code) {
 
 LineInspector::LineInspector(const DecodingState& state) {
   decoder_.setUserPosition(state.userLat, state.userLon);
-  RANGE.set(state.rangeNm);
+  gf_setRange(state.rangeNm);
   decoder_.qnh = state.qnh;
   if (state.park)
     decoder_.setParkAirport(state.park->lat, state.park->lon, state.park->elevationFt);
