@@ -309,7 +309,7 @@ bool lf_extendStream(LiveAc& ac) {
   std::int32_t count = 0;
   if (!ac.onGround) {
     if (gf_userPositionKnown(gUserSnapshot) &&
-        gf_distance({gUserSnapshot.lat, gUserSnapshot.lon}, {ac.lat, ac.lon}) >= RANGE.value - 0.5)
+        gf_distance({gUserSnapshot.lat, gUserSnapshot.lon}, {ac.lat, ac.lon}) >= gv_rangeNm.load(std::memory_order_relaxed) - kRangeMarginNm)
       return false;
     const double elevation = gParkAirportSite.chosen ? gParkAirportSite.elevationFt : 0.0;
     if (AIRBORNE_ONLY.value && std::fabs(ac.alt - elevation) < 1000) return false;

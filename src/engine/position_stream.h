@@ -9,6 +9,8 @@ namespace orv {
 
 // Samples beyond this many in the stream: the aircraft has fallen too far behind.
 inline constexpr std::size_t kMaxStreamSamples = 200;
+// Within this of the feed range's edge an aircraft in the air is not extended, nor spawned.
+inline constexpr double kRangeMarginNm = 0.5;
 
 // The due limits: how far a planned due time may slide against the sample's own.
 // Widening lets the timing follow a take-off or an approach; relaxing brings it back.

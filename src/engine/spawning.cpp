@@ -10,6 +10,7 @@
 #include "engine/engine_tick.h"
 #include "engine/geodesy.h"
 #include "engine/identity_update.h"
+#include "engine/position_stream.h"
 #include "engine/stand_contention.h"
 #include "engine/user_snapshot.h"
 #include "foundation/day_and_slot.h"
@@ -164,6 +165,13 @@ void lf_bufferStep(LiveAc& ac) {
   if (s.size() == 1) {
     lf_dropHead(ac);  // a single report within 30 seconds isn't shown
     ac.erase = 1;
+    return;
+  }
+  // The simulator tells of new objects only within the range: one created at its edge would
+  // never be confirmed and hang where it was created.
+  if (gf_userPositionKnown(gUserSnapshot) &&
+      gf_distance(userPos(), pos(s[0])) >= gv_rangeNm.load(std::memory_order_relaxed) - kRangeMarginNm) {
+    lf_dropHead(ac);
     return;
   }
   if (lf_endsInGhostMark(ac.cs) && lf_inGhostList(ac.cs)) {

@@ -10,6 +10,7 @@
 #include "engine/engine_tick.h"
 #include "engine/geodesy.h"
 #include "engine/motion.h"
+#include "engine/user_snapshot.h"
 #include "flight_fixture.h"
 
 namespace orv::test {
@@ -156,6 +157,8 @@ TEST(AirborneMotion, PositionsFoldAtTheAntimeridianAndOverThePoles) {
 }
 
 TEST_F(EngineFlight, AFlightAcrossTheAntimeridianKeepsItsShortWay) {
+  gUserSnapshot.lat = 0.0;  // the user flies there too: traffic far out of range isn't spawned
+  gUserSnapshot.lon = 179.95;
   const auto reports = straightReports(0.0, 179.9, 35000, 480, 90, 5, 20);
   double largestJump = 0, lastLon = 0;
   bool first = true;

@@ -85,6 +85,18 @@ TEST_F(EngineFlight, TheLiveLimitReachedACloserAircraftPushesAFarOneOut) {
   EXPECT_EQ(port.removals.size(), 1u) << "one far aircraft made way";
 }
 
+TEST_F(EngineFlight, AnAircraftAtTheEdgeOfTheRangeWaitsUntilItsReportsComeInside) {
+  // Inbound from 40.2 nm north of the user at 300 knots: 1 nm every 12 seconds. The simulator
+  // reports new objects only within the range, so one created beyond 39.5 nm would hang unseen.
+  fly(80050, "DLH50", "A320", straightReports(50.0 + 40.2 / 60.0, 8.0, 5000, 300, 180, 3, 20), 3000 + 600);
+  EXPECT_TRUE(port.creations.empty()) << "the first 6 seconds of reports lie beyond 39.5 nm";
+  ASSERT_NE(record(80050), nullptr);
+  EXPECT_EQ(record(80050)->simState, kBuffer);
+  steps(1000);
+  ASSERT_EQ(port.creations.size(), 1u);
+  EXPECT_LT((port.creations[0].lat - 50.0) * 60.0, 39.5);
+}
+
 TEST_F(EngineFlight, AStreamOfMoreThanTwoHundredSamplesIsRemovedAsFallenBehind) {
   fly(80040, "DLH40", "A320", straightReports(50.0, 8.0, 5000, 100, 0, 5, 8), 3400);
   ASSERT_EQ(record(80040)->simState, kActive);
