@@ -159,12 +159,17 @@ void expectAboveGround(const std::vector<TraceRow>& rows, double cgAgl) {
 
 constexpr double kRunway = 70, kTaxiTrack = kRunway - 90, kTaxiKnots = 15;
 constexpr double kLastRolloutKnots = 26;
+// The stand lies at an angle to the taxi line: the aircraft has to turn onto it.
+constexpr double kStandHeading = kTaxiTrack + 30;
 
 // A landing: 3 nm final at 140 knots to the threshold, the roll-out along the runway slowing to
-// 26 knots, a turn off to the left, a taxi at 15 knots and a stop 10 m short of a stand on the
-// taxi line, where a real aircraft stops in the feed's noise.
+// 26 knots, a turn off to the left, a taxi at 15 knots and a stop 10 m short of a stand and 4 m
+// to its side: where the feed's noise leaves a real aircraft that stops at its stand.
+// Where the final starts; the runway's centre line runs on from it.
+LatLon finalStart() { return ahead(kSite, kRunway + 180, 3 * kMetresPerNm); }
+
 std::vector<Report> landingReports(LatLon& standAt) {
-  const LatLon start = ahead(kSite, kRunway + 180, 3 * kMetresPerNm);
+  const LatLon start = finalStart();
   std::vector<Report> reports;
   double t = 0;
   for (; t <= 76; t += 2) {
@@ -183,14 +188,14 @@ std::vector<Report> landingReports(LatLon& standAt) {
     reports.push_back({t, p, 0, kTaxiKnots, kTaxiTrack, 0, false});
   }
   for (int i = 0; i < 5; ++i, t += 2) reports.push_back({t, p, 0, 0, kTaxiTrack, 0, false});
-  standAt = ahead(p, kTaxiTrack, 10);
+  standAt = ahead(ahead(p, kTaxiTrack, 10), kTaxiTrack + 90, 4);
   return reports;
 }
 
 TEST_F(GroundSequence, ALandingFlaresTouchesDownBrakesWithSpoilersAndReverseTaxisAndEndsOnTheStand) {
   LatLon standAt;
   const std::vector<Report> reports = landingReports(standAt);
-  addStand("V12", standAt, kTaxiTrack);
+  addStand("V12", standAt, kStandHeading);
 
   const std::vector<TraceRow> rows = run(3960001, "DLH7GS", reports, 20000);
   ASSERT_GT(rows.size(), 1000u) << "the aircraft was created and shown";
@@ -233,6 +238,13 @@ TEST_F(GroundSequence, ALandingFlaresTouchesDownBrakesWithSpoilersAndReverseTaxi
   ASSERT_NE(turnedOff, rows.end()) << "the aircraft turns off the runway";
   EXPECT_EQ((turnedOff - 1)->throttle, 0);
   EXPECT_EQ((turnedOff - 1)->spoilers, 0);
+  // Until it starts to turn off, it rolls along the centre line.
+  const LatLon start = finalStart();
+  for (auto r = td; r != turnedOff && std::fabs(offDeg(r->heading, touchHeading)) < 1; ++r) {
+    const double across =
+        metresBetween(start, where(*r)) * std::sin(gf_bearing(start, where(*r)) - kRunway * kRadPerDeg);
+    EXPECT_LT(std::fabs(across), 3.0) << "metres off the runway's centre line, frame " << r->frame;
+  }
   for (std::size_t i = touch + 1; i < rows.size(); ++i) {
     EXPECT_LE(knotsAt(rows, i), knotsAt(rows, touch) + 1)
         << "a landing aircraft doesn't speed up, frame " << rows[i].frame;
@@ -253,20 +265,21 @@ TEST_F(GroundSequence, ALandingFlaresTouchesDownBrakesWithSpoilersAndReverseTaxi
   // On the stand, facing along it, standing still.
   const TraceRow& last = rows.back();
   EXPECT_LT(metresBetween(where(last), standAt), 2.0);
-  EXPECT_NEAR(offDeg(last.heading, kTaxiTrack), 0, 2.0);
+  EXPECT_NEAR(offDeg(last.heading, kStandHeading), 0, 2.0);
   EXPECT_LT(knotsAt(rows, rows.size() - 1), 0.1);
   EXPECT_EQ(last.throttle, 0);
   EXPECT_EQ(last.flaps, 0) << "parked: flaps up";
+  EXPECT_FALSE(last.enginesOn) << "parked: engines off";
 }
 
-// Off the runway the aircraft is never faster than the last report on the runway. Disabled: the
-// turn-off runs along a curve whose parameter steps evenly, so the speed follows the uneven
-// spacing of the curve's points: 25.5 knots at its start, 35.5 knots 4 s later (frames 1325 to
-// 1365 of this run), then 15 knots within a second.
+// Off the runway the aircraft is never faster than the last report on the runway, 26 knots.
+// Disabled: the turn-off runs along a curve whose parameter steps evenly, so the speed follows the
+// uneven spacing of the curve's points: 25.5 knots as the turn starts, 36.9 knots 4 seconds later
+// (frames 1325 to 1364 of this run), then 15 knots within a second.
 TEST_F(GroundSequence, DISABLED_TurningOffTheRunwayTheAircraftIsNeverFasterThanItsLastReportThere) {
   LatLon standAt;
   const std::vector<Report> reports = landingReports(standAt);
-  addStand("V12", standAt, kTaxiTrack);
+  addStand("V12", standAt, kStandHeading);
   const std::vector<TraceRow> rows = run(3960003, "DLH9GS", reports, 20000);
   const auto td = std::find_if(rows.begin(), rows.end(), [](const TraceRow& r) { return r.onGround; });
   ASSERT_NE(td, rows.end());
@@ -351,6 +364,7 @@ TEST_F(GroundSequence, ADepartureStandsPushesBackTailFirstTaxisAndRotatesOnlyAtT
     EXPECT_GE(std::fabs(offDeg(rows[k].heading, *motion)), 150) << "tail first, frame " << rows[k].frame;
   }
   std::size_t i = pushEnd;
+  EXPECT_TRUE(rows[pushEnd].enginesOn) << "the engines start during the pushback";
   EXPECT_GT(pushEnd - pushStart, 100u) << "frames of the pushback";
   const double back = metresBetween(where(rows[pushEnd]), standAt);
   EXPECT_GT(back, 40) << "metres off the stand";
