@@ -80,6 +80,7 @@ class GroundSequence : public SimLinkTest {
   }
   void TearDown() override {
     SimLinkTest::TearDown();
+    gLiveryCache.erase(hexid_);
     gStands.clear();
     gParkAirportSite = ParkAirportSite{};
     clearTestWingspans();
@@ -105,6 +106,7 @@ class GroundSequence : public SimLinkTest {
   std::vector<TraceRow> run(std::uint32_t hexid, const std::string& cs, const std::vector<Report>& reports,
                             std::int32_t untilTick) {
     connect(scenarioJson(R"("acceptAnyTitle": true)"));
+    hexid_ = hexid;
     gLiveryCache.emplace(hexid, kTitle);
     const auto file = work / "trace.csv";
     standin::startTrace(file, 1);
@@ -137,6 +139,7 @@ class GroundSequence : public SimLinkTest {
   }
 
  private:
+  std::uint32_t hexid_ = 0;
   std::uint64_t firstFrame_ = 0;
 };
 
