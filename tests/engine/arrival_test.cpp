@@ -133,5 +133,46 @@ TEST_F(Pushback, WithoutItTheNoseSwingsToTheSideTheReportsShow) {
   EXPECT_GT(std::fabs(gf_normAngle(live(id).heading)), 45 * kDeg) << "the nose swung round";
 }
 
+// The reports of a landed aircraft end while it still rolls at 10 knots: the stream runs out
+// where the last report was, and the search there reaches as far as a stand reach, not just the
+// 20 m of an aircraft that stopped by itself.
+TEST_F(GroundFlight, ALandedAircraftWhoseReportsEndWhileRollingFindsAStandWithinTheWideReachOnly) {
+  struct Case {
+    double standMetres;
+    bool landed, parks;
+  };
+  for (const Case c : {Case{45, true, true}, Case{45, false, false}, Case{100, true, false}}) {
+    SCOPED_TRACE(::testing::Message() << c.standMetres << " m, landed " << c.landed);
+    gLiveAc.clear();
+    gStands.clear();
+    gv_tick = 1000;
+    const std::uint32_t id = groundAircraft(kLarge, kStand, 0);
+    LiveAc& ac = live(id);
+    ac.justLanded = c.landed ? 1 : 0;
+    ac.stream.clear();
+    LatLon p = kStand;
+    for (int i = 0; i < 4; ++i) {  // 10 knots due north, a report every 2 seconds
+      ac.stream.push_back(groundSample(p, 10, 1000 + 200 * i));
+      p = gf_destination(p, 0, 10.0 * 2 / 3600 * 6076.11549);
+    }
+    const LatLon end{ac.stream.back().lat, ac.stream.back().lon};
+    const LatLon standAt = gf_destination(end, 90 * kDeg, c.standMetres / 0.3048);
+    const std::int32_t sid = addStand("E5", standAt, 90, 30);
+    for (int i = 0; i < 1500 && live(id).flightState == kTaxi; ++i) steps(1);
+    if (!c.parks) {
+      EXPECT_EQ(live(id).sid, 0);
+      EXPECT_EQ(live(id).flightState, kTaxi);
+      EXPECT_LT(gf_distance(where(live(id)), end), 1 * kMetre) << "it stands where its reports ended";
+      continue;
+    }
+    ASSERT_EQ(live(id).sid, sid);
+    EXPECT_EQ(live(id).flightState, kParking);
+    EXPECT_LT(gv_tick, 1000 + 600 + 100) << "the search ran as the stream ran out";
+    for (int i = 0; i < 10000 && live(id).flightState == kParking; ++i) steps(1);
+    EXPECT_EQ(live(id).flightState, kParked);
+    EXPECT_LT(gf_distance(where(live(id)), standAt), 2 * kMetre);
+  }
+}
+
 }  // namespace
 }  // namespace orv::test

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <sstream>
 
 #include "engine/engine_step.h"
 #include "engine/engine_tick.h"
@@ -22,24 +21,6 @@ namespace {
 constexpr double kRadPerDeg = 0.017453292519943295;
 constexpr double kFeetPerNm = 6076.11549;
 constexpr double kMetersPerNm = 1852.0;
-
-struct TraceRow {
-  std::uint64_t frame = 0;
-  double lat = 0, lon = 0, alt = 0;
-};
-
-std::vector<TraceRow> rowsOf(const std::filesystem::path& file, const std::string& callsign) {
-  std::istringstream lines(readFile(file));
-  std::vector<TraceRow> rows;
-  for (std::string line; std::getline(lines, line);) {
-    std::vector<std::string> f;
-    std::stringstream fields(line);
-    for (std::string x; std::getline(fields, x, ',');) f.push_back(x);
-    if (f.size() < 8 || f[3] != callsign) continue;
-    rows.push_back({std::stoull(f[1]), std::stod(f[5]), std::stod(f[6]), std::stod(f[7])});
-  }
-  return rows;
-}
 
 // A cruise at 5000 ft east of Frankfurt, reported every 2 seconds for 40 seconds, then silence.
 TEST_F(SimLinkTest, AReportedCruiseFliesItsTrackThirtySecondsBehindAndIsRemovedAfterItsReports) {
@@ -88,7 +69,7 @@ TEST_F(SimLinkTest, AReportedCruiseFliesItsTrackThirtySecondsBehindAndIsRemovedA
   }
   standin::stopTrace();
 
-  const std::vector<TraceRow> rows = rowsOf(file, "DLH9TR");
+  const std::vector<TraceRow> rows = traceRows(file, "DLH9TR");
   ASSERT_FALSE(rows.empty()) << "the aircraft was created";
   // The tick of a row: a frame follows every tenth tick, and a frame's line shows what the ticks
   // before it wrote. While it settles after its creation, no position is written.

@@ -5,6 +5,8 @@
 // sees is what the program did.
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +22,26 @@ inline constexpr std::string_view kDefaultUser =
     R"("title": "Airbus A320 Neo Asobo", "atcModel": "A20N", "latitude": 50.0379, "longitude": 8.5622)";
 // A scenario at Frankfurt, ten frames a second, with two creatable titles; `extra` adds keys.
 std::string scenarioJson(std::string_view extra = {}, std::string_view user = kDefaultUser);
+
+// One line of the stand-in's trace: an object as the simulator had it at the end of a frame.
+struct TraceRow {
+  double time = 0;
+  std::uint64_t frame = 0;
+  std::uint32_t objectId = 0;
+  std::string callsign, title;
+  double lat = 0, lon = 0, alt = 0, agl = 0;
+  double pitch = 0, bank = 0, heading = 0;  // degrees, the simulator's signs: nose up is negative
+  bool onGround = false;
+  std::uint32_t lights = 0;
+  double flaps = 0;
+  bool gearDown = false;
+  double spoilers = 0, throttle = 0;  // percent; a reversed throttle is negative
+  bool enginesOn = false;
+  double vsFps = 0, tasKt = 0;
+};
+
+// The rows of the aircraft with this callsign, in the order of the file.
+std::vector<TraceRow> traceRows(const std::filesystem::path& file, const std::string& callsign);
 
 class SimLinkTest : public testing::Test {
  protected:
