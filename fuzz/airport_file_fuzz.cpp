@@ -70,18 +70,10 @@ std::vector<Stand> load(const char* xmlName) {
   return stands;
 }
 
-// The loader works below the working folder: the scratch folder for one input, and back to
-// where libFuzzer keeps its corpus afterwards.
-struct InScratch {
-  fs::path previous = fs::current_path();
-  InScratch() { fs::current_path(fuzz::scratchFolder()); }
-  ~InScratch() { fs::current_path(previous); }
-};
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  InScratch inScratch;
+  fuzz::InScratch inScratch;
   static const bool ready = [] {
     setenv("ORVANE_APPDATA", (fuzz::scratchFolder() / "appdata").c_str(), 1);
     for (const char* folder : {"airports/my_thirdparty", "airports/stock", "airports/learned/stock", "appdata"})

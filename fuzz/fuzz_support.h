@@ -26,6 +26,16 @@ inline void check(bool condition, std::string_view what) {
   if (!condition) failCheck(what);
 }
 
+// Works in the scratch folder for one input, and goes back afterwards to where libFuzzer keeps
+// its corpus: for readers that work below the program's working folder.
+struct InScratch {
+  std::filesystem::path previous = std::filesystem::current_path();
+  InScratch() { std::filesystem::current_path(scratchFolder()); }
+  ~InScratch() { std::filesystem::current_path(previous); }
+  InScratch(const InScratch&) = delete;
+  InScratch& operator=(const InScratch&) = delete;
+};
+
 inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};
 }

