@@ -14,6 +14,7 @@
 #include "engine/geodesy.h"
 #include "engine/park_airport_site.h"
 #include "engine/traffic_intake.h"
+#include "foundation/parameters.h"
 #include "liveries/match_memory.h"
 #include "refdata/code_tables.h"
 #include "refdata/model_categories.h"
@@ -387,6 +388,27 @@ TEST_F(GroundSequence, ADepartureStandsPushesBackTailFirstTaxisAndRotatesOnlyAtT
   }
   EXPECT_GT(rows.back().alt, kFieldFt + 300);
   EXPECT_FALSE(rows.back().gearDown) << "gear up in the climb";
+}
+
+// With STRAIGHT_PBS_ONLY the same departure is pushed straight back along the stand's axis, the
+// nose kept to the stand, though the reports swing it, to two and a half radii out (62.5 m).
+TEST_F(GroundSequence, AStraightPushbackEndsOnTheStandsAxisTwoAndAHalfRadiiOut) {
+  STRAIGHT_PBS_ONLY.value = true;
+  const LatLon standAt = ahead(kSite, 270, 300);
+  addStand("A7", standAt, 0);
+  LatLon runwayEntry;
+  const std::vector<TraceRow> rows = run(3960005, "DLH5GS", departureReports(standAt, runwayEntry), 12500);
+  STRAIGHT_PBS_ONLY.value = false;
+  const auto [pushStart, pushEnd] = pushbackFrames(rows, standAt);
+  ASSERT_LT(pushEnd, rows.size()) << "the aircraft leaves the stand and the pushback ends";
+  double farthest = 0;
+  for (std::size_t k = pushStart; k <= pushEnd; ++k) {
+    farthest = std::max(farthest, metresBetween(where(rows[k]), standAt));
+    EXPECT_NEAR(offDeg(rows[k].heading, 0), 0, 1.0) << "the nose to the stand, frame " << rows[k].frame;
+  }
+  const LatLon end = ahead(standAt, 180, 62.5);
+  EXPECT_LT(metresBetween(where(rows[pushEnd]), end), 1.5) << "on the stand's axis, 2.5 radii out";
+  EXPECT_LT(farthest, 64.0);
 }
 
 }  // namespace
