@@ -50,6 +50,8 @@ void readRecords(const pugi::xml_document& doc, const std::string& name) {
   // A catalogue lists one airline and model after the other: most records repeat the codes of
   // the one before, which then need no look-up in the code tables.
   CodeLookup airlines(airlineIndex), airlines2(airlineIndex), models(modelIndex);
+  // Read aside: a refused catalogue leaves no half of itself behind.
+  std::list<LiveryRecord> records;
   for (const pugi::xml_node element : liveries.children()) {
     if (element.type() != pugi::node_element) continue;
     LiveryRecord record;
@@ -59,11 +61,12 @@ void readRecords(const pugi::xml_document& doc, const std::string& name) {
     record.code.airline2 = airlines2(element.attribute("o").value());
     record.code.cargo = element.attribute("c").as_bool(false) ? 1 : 0;
     record.regcode = element.attribute("r").value();
-    liveriesScannedList.push_back(std::move(record));
+    records.push_back(std::move(record));
   }
-  if (liveriesScannedList.empty())
+  if (records.empty())
     throw UserErrorException(user_error::kNoLiveriesInFile, name + user_error::kNoLiveriesInFileTail);
-  gf_sortLiveries(liveriesScannedList);
+  gf_sortLiveries(records);
+  liveriesScannedList = std::move(records);
   gf_log("{:5} liveries read from {}", liveriesScannedList.size(), name);
 }
 

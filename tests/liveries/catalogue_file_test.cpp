@@ -130,6 +130,7 @@ TEST(CatalogueFile, ReadsAttributesByTheirRulesAndRefusesBrokenFiles) {
                   R"(<root><liveries><l a="DLH" m="A320" t="ok"/><livery a="DLH" t="no model"/></liveries></root>)");
   EXPECT_EQ(userErrorCode([&] { gf_readLiveriesScanned(file); }, &text), 999);
   EXPECT_EQ(text, "Missing required attribute 'm' in <livery>");
+  EXPECT_TRUE(liveriesScannedList.empty()) << "a refused catalogue leaves none of its records behind";
 
   EXPECT_EQ(userErrorCode([] { lf_readLiveriesScannedText("<root><liveries/></root>", "memory"); }, &text), 533);
   EXPECT_EQ(text, "533: memory does not contain liveries");
