@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <map>
@@ -35,6 +36,14 @@ bool waitUntil(Condition&& condition, std::chrono::seconds limit) {
     std::this_thread::sleep_for(5ms);
   }
   return true;
+}
+
+// The aircraft the program has had created so far.
+int creationsSoFar() {
+  int n = 0;
+  for (const auto& call : standin::calls())
+    n += call.session == "Orvane" && call.call == "SimConnect_AICreateNonATCAircraft" && call.result == S_OK;
+  return n;
 }
 
 std::set<DWORD> objectIds() {
@@ -82,7 +91,12 @@ int runSimDrops(const SimRunOptions& options) {
   std::vector<ProcessFigures> figures;
   std::vector<bool> trafficFlowed;
   int restarts = 0;
+  std::vector<bool> aircraftBeforeLoss;
   for (int drop = 1; drop <= options.drops; ++drop) {
+    // Each loss comes while the program has aircraft in the simulator, the first 30 seconds
+    // behind the feed; then at a random moment.
+    const int before = creationsSoFar();
+    aircraftBeforeLoss.push_back(waitUntil([&] { return creationsSoFar() > before; }, 90s));
     std::this_thread::sleep_for(std::chrono::duration<double>(gap(rng)));
     trafficFlowed.push_back(waitUntil([] { return gv_feedTimestamp.load() != 0; }, 15s));
     figures.push_back(processFigures());
@@ -135,6 +149,8 @@ int runSimDrops(const SimRunOptions& options) {
               std::find(trafficFlowed.begin(), trafficFlowed.end(), false) == trafficFlowed.end(),
           "the simulator connected and the traffic flowed in every run");
   v.check(exitCode == 0 && countLines(log, "Exiting: USER CLOSED SIM") == 1, "it ended only when closed");
+  v.check(std::find(aircraftBeforeLoss.begin(), aircraftBeforeLoss.end(), false) == aircraftBeforeLoss.end(),
+          "the program had aircraft in the simulator at each loss");
   v.check(removedTwice == 0 && failedRemovals == 0 && worldAfter == worldBefore,
           "every aircraft of the program was removed once, and none is left");
   const ProcessFigures& first = figures.front();
