@@ -86,7 +86,8 @@ void play(const Scenario& scenario, std::string_view json) {
     drain(h);
   }
   const double lastEvent = scenario.events.empty() ? 0.0 : scenario.events.back().at;
-  for (int frame = 0; frame < kMostFrames && simTime() <= lastEvent + 1.0; ++frame) {
+  // A scripted quit ends the simulator: no frame comes after it.
+  for (int frame = 0; frame < kMostFrames && isRunning() && simTime() <= lastEvent + 1.0; ++frame) {
     advanceFrames(1);
     drain(h);
   }

@@ -159,7 +159,14 @@ void updateParkFile() {
   }
   std::string error;
   if (!gf_writeFileAtomically(
-          path, [&](std::ostream& out) { for (const std::string& l : lines) out << l << '\n'; }, &error))
+          path,
+          [&](std::ostream& out) {
+            // The lines are UTF-8 as read, whatever they hold: the mark keeps a later read from
+            // taking them for another encoding.
+            out << "\xEF\xBB\xBF";
+            for (const std::string& l : lines) out << l << '\n';
+          },
+          &error))
     gf_log("saving: {} failed", fileName());
 }
 

@@ -112,7 +112,7 @@ TEST_F(ParkAirportTest, OnTheGroundTheAirportUnderTheUserIsLoadedAndItsStandRese
   EXPECT_EQ(gWaitEnds, 1);
   EXPECT_EQ(gParkAirportSite.elevationFt, 100.0);
   EXPECT_GE(gFeedChanges, 2) << "chosen, then loaded with the file's elevation";
-  EXPECT_EQ(listFile(), "AAAA,S2\nBBBB,B7\n");
+  EXPECT_EQ(listFile(), "\xEF\xBB\xBF" "AAAA,S2\nBBBB,B7\n") << "UTF-8 with its mark, the new line at the top";
   EXPECT_NE(log.text().find("airports\\my_park_airports.txt:AAAA,S2 new entry"), std::string::npos);
   EXPECT_EQ(gParkAirports.front().icao.view(), "AAAA");
   EXPECT_EQ(userStandAt(gUserSnapshot.lat, gUserSnapshot.lon), "S2");
