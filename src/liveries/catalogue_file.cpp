@@ -58,6 +58,9 @@ void readRecords(const pugi::xml_document& doc, const std::string& name) {
     record.code.airline = airlines(requiredAttribute(element, "a"));
     record.code.acType = models(requiredAttribute(element, "m"));
     record.title = requiredAttribute(element, "t");
+    // A livery is created by its title: an empty one is as good as none.
+    if (record.title.empty())
+      throw UserErrorException(user_error::kMissingAttribute, user_error::kMissingAttributeText, "t", element.name());
     record.code.airline2 = airlines2(element.attribute("o").value());
     record.code.cargo = element.attribute("c").as_bool(false) ? 1 : 0;
     record.regcode = element.attribute("r").value();

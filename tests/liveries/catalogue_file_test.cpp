@@ -131,6 +131,9 @@ TEST(CatalogueFile, ReadsAttributesByTheirRulesAndRefusesBrokenFiles) {
   EXPECT_EQ(userErrorCode([&] { gf_readLiveriesScanned(file); }, &text), 999);
   EXPECT_EQ(text, "Missing required attribute 'm' in <livery>");
   EXPECT_TRUE(liveriesScannedList.empty()) << "a refused catalogue leaves none of its records behind";
+  test::writeFile(file, R"(<root><liveries><l a="DLH" m="A320" t=""/></liveries></root>)");
+  EXPECT_EQ(userErrorCode([&] { gf_readLiveriesScanned(file); }, &text), 999);
+  EXPECT_EQ(text, "Missing required attribute 't' in <l>") << "an empty title is none";
 
   EXPECT_EQ(userErrorCode([] { lf_readLiveriesScannedText("<root><liveries/></root>", "memory"); }, &text), 533);
   EXPECT_EQ(text, "533: memory does not contain liveries");
