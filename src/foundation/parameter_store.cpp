@@ -151,7 +151,15 @@ bool gf_readParameters() {
   gf_logSectionStart(kSection);
   gf_log("from '{}'", file.string());
   forEachStored([&](auto& parameter) {
-    pugi::xml_node found = params.find_child_by_attribute("parameter", "name", parameter.name.c_str());
+    // By the element's first name, as a save finds it: an element with a second name is
+    // another parameter's only for the first.
+    pugi::xml_node found;
+    for (pugi::xml_node p : params.children("parameter")) {
+      if (parameter.name == p.attribute("name").as_string()) {
+        found = p;
+        break;
+      }
+    }
     if (found) {
       readValue(parameter, found.attribute("value"));
     } else {
