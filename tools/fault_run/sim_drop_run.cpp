@@ -38,14 +38,6 @@ bool waitUntil(Condition&& condition, std::chrono::seconds limit) {
   return true;
 }
 
-// The aircraft the program has had created so far.
-int creationsSoFar() {
-  int n = 0;
-  for (const auto& call : standin::calls())
-    n += call.session == "Orvane" && call.call == "SimConnect_AICreateNonATCAircraft" && call.result == S_OK;
-  return n;
-}
-
 std::set<DWORD> objectIds() {
   std::set<DWORD> ids;
   for (const auto& o : standin::objects()) ids.insert(o.objectId);
@@ -95,8 +87,12 @@ int runSimDrops(const SimRunOptions& options) {
   for (int drop = 1; drop <= options.drops; ++drop) {
     // Each loss comes while the program has aircraft in the simulator, the first 30 seconds
     // behind the feed; then at a random moment.
-    const int before = creationsSoFar();
-    aircraftBeforeLoss.push_back(waitUntil([&] { return creationsSoFar() > before; }, 90s));
+    aircraftBeforeLoss.push_back(waitUntil(
+        [&] {
+          const std::set<DWORD> now = objectIds();
+          return std::any_of(now.begin(), now.end(), [&](DWORD id) { return !worldBefore.contains(id); });
+        },
+        90s));
     std::this_thread::sleep_for(std::chrono::duration<double>(gap(rng)));
     trafficFlowed.push_back(waitUntil([] { return gv_feedTimestamp.load() != 0; }, 15s));
     figures.push_back(processFigures());
