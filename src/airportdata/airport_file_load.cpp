@@ -94,7 +94,14 @@ std::string readApf(const std::string& xmlName, ApfAirport& airport, QualityFact
   qualityFactors = computeQualityFactors(stands);
   const auto qfReal = gf_intParameter(holder.child("parameters"), "Qf_real");
   const auto qfSoft = gf_intParameter(holder.child("parameters"), "Qf_soft");
-  if (qfReal && qfSoft) qualityFactors = {*qfReal, *qfSoft};
+  if (qfReal && qfSoft) {
+    // A stated pair off the scale is no knowledge: the options judge the file instead.
+    const auto onScale = [](std::int32_t factor) { return factor >= 0 && factor <= 100; };
+    if (onScale(*qfReal) && onScale(*qfSoft))
+      qualityFactors = {*qfReal, *qfSoft};
+    else
+      gf_log("{}: quality factors {}/{} are off the scale 0 to 100, ignored", xmlName, *qfReal, *qfSoft);
+  }
   lf_rememberSettingsBeforeAirport();
 
   const std::string learned = learnedPathOf(xmlName, airport.publisher);

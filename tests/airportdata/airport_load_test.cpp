@@ -127,6 +127,15 @@ TEST_F(AirportLoadTest, AFirstVisitSetsUpForWhatTheFileKnows) {
   EXPECT_EQ(load(), "");
   EXPECT_FALSE(PARK_SOFT.value);
   EXPECT_FALSE(WEEK.value);
+
+  // A factor off the scale (here too large for an int) is no knowledge: the options judge the
+  // file, and the log says why.
+  const std::string offScale = stockParameters("EHAM") +
+                               R"(<parameter name="Qf_real" value="99999999999"/><parameter name="Qf_soft" value="5"/>)";
+  put("airports/stock/EHAM.xml", airportXml(offScale, parkposXml("A", 52.0, 4.0)));
+  EXPECT_EQ(load(), "");
+  EXPECT_EQ(factors, (QualityFactors{-1, -1}));
+  EXPECT_TRUE(logged("airports\\stock\\EHAM.xml: quality factors 2147483647/5 are off the scale 0 to 100, ignored"));
 }
 
 TEST_F(AirportLoadTest, ALearnedFileAddsWhatWasLearned) {
